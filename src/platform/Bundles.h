@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Path.h"
+
+#include <optional>
+
+/// Application bundles: folders `X.app` that hold `Contents/Info.plist`, `Contents/MacOS/` and
+/// `Contents/Resources/`. Nothing is remembered: every call looks again. Any thread.
+class Bundles {
+public:
+    Bundles() = default;
+    Bundles(const Bundles&) = delete;
+    Bundles& operator=(const Bundles&) = delete;
+    virtual ~Bundles() = default;
+
+    /// The resource folder of the bundle that the running program lies in. It is not looked at.
+    virtual Path mainResources() const = 0;
+    /// The identifier of the bundle at `place`; none when there is no bundle, or it names no identifier.
+    virtual std::optional<QString> bundleIdentifier(const Path& place) const = 0;
+};

@@ -1,0 +1,111 @@
+#include "platform/Text.h"
+
+#include <QHashFunctions>
+
+#include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/unorm.h>
+#include <unicode/utf16.h>
+
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+// Only a pointer to the same units; ICU does not take a null pointer for an empty text.
+icu::UnicodeString aliasOf(QStringView text)
+{
+    return text.isEmpty() ? icu::UnicodeString() : icu::UnicodeString(false, text.utf16(), static_cast<int>(text.size()));
+}
+
+QStringView viewOf(const icu::UnicodeString& text)
+{
+    return {text.getBuffer(), text.length()};
+}
+
+const icu::Normalizer2& composition()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return *icu::Normalizer2::getNFCInstance(status);
+}
+
+icu::UnicodeString composed(const icu::UnicodeString& text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return composition().normalize(text, status);
+}
+
+int canonicalComparison(QStringView left, QStringView right)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeString first = aliasOf(left);
+    const icu::UnicodeString second = aliasOf(right);
+    return unorm_compare(
+        first.getBuffer(), first.length(), second.getBuffer(), second.length(), U_FOLD_CASE_DEFAULT, &status);
+}
+
+bool isMarkAt(std::u16string_view text, std::size_t position)
+{
+    UChar32 character = 0;
+    U16_GET(text, 0, position, text.size(), character);
+    return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
+}
+
+}
+
+bool canonicallyEqual(QStringView left, QStringView right)
+{
+    return left == right || canonicalComparison(left, right) == 0;
+}
+
+std::size_t canonicalHash(QStringView text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeString alias = aliasOf(text);
+    return composition().isNormalized(alias, status) ? qHash(text) : qHash(viewOf(composed(alias)));
+}
+
+bool CanonicalOrder::operator()(const QString& left, const QString& right) const
+{
+    return canonicalComparison(left, right) < 0;
+}
+
+LetterCase userLetterCase()
+{
+    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* value = std::getenv(variable);
+        const std::string_view locale = value ? value : "";
+        if (locale.empty())
+            continue;
+        const std::string_view language = locale.substr(0, locale.find_first_of("_.@"));
+        return language == "tr" || language == "az" ? LetterCase::Turkic : LetterCase::Common;
+    }
+    return LetterCase::Common;
+}
+
+SearchText::SearchText(QStringView text, LetterCase letterCase)
+{
+    icu::UnicodeString folded = composed(aliasOf(text));
+    folded.foldCase(letterCase == LetterCase::Turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT);
+    folded = composed(folded);
+    m_folded.assign(folded.getBuffer(), static_cast<std::size_t>(folded.length()));
+}
+
+bool SearchText::contains(const SearchText& part) const
+{
+    const std::u16string_view text = m_folded;
+    const std::u16string_view sought = part.m_folded;
+    if (sought.empty())
+        return true;
+
+    const bool beginsWithMark = isMarkAt(sought, 0);
+    for (auto at = text.find(sought); at != text.npos; at = text.find(sought, at + 1)) {
+        const std::size_t end = at + sought.size();
+        const bool splitsFirst = beginsWithMark && at > 0;
+        const bool splitsLast = end < text.size() && isMarkAt(text, end);
+        if (!splitsFirst && !splitsLast)
+            return true;
+    }
+    return false;
+}
