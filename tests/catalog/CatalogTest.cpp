@@ -1,0 +1,138 @@
+#include "catalog/Catalog.h"
+
+#include "catalog/CodingKeys.h"
+#include "support/FakePlatform.h"
+#include "support/Samples.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+namespace {
+
+Result<Catalog> decode(const QByteArray& json)
+{
+    return decodeCatalog(std::as_bytes(std::span(json)));
+}
+
+/// A catalog of two entries of which the second one's `key` is `value`, or is missing when that is undefined.
+QByteArray withSecond(const QString& key, const QJsonValue& value)
+{
+    QJsonArray entries = QJsonDocument::fromJson(sample::catalogFile({sample::brisko(), sample::kadrilo()})).array();
+    QJsonObject second = entries[1].toObject();
+    if (value.isUndefined())
+        second.remove(key);
+    else
+        second[key] = value;
+    entries[1] = second;
+    return QJsonDocument(entries).toJson();
+}
+
+std::string failureOf(const QByteArray& json)
+{
+    const auto catalog = decode(json);
+    return catalog ? "decoded" : catalog.error().localizedDescription.toStdString();
+}
+
+TEST(Catalog, KeepsEveryFieldAndTheOrderOfTheFile)
+{
+    EXPECT_EQ(decode("[]"), Catalog());
+    EXPECT_EQ(decode(sample::catalogFile({sample::kadrilo(), sample::brisko()})),
+        (Catalog {sample::kadrilo(), sample::brisko()}));
+}
+
+TEST(Catalog, IgnoresKeysItDoesNotKnow)
+{
+    EXPECT_EQ(decode(withSecond(u"price"_s, QJsonArray {1, u"x"_s}))->size(), 2U);
+    QByteArray huge = sample::catalogFile({sample::brisko()});
+    huge.replace("\"bytes\"", "\"population\": 123456789012345678901234567890, \"bytes\"");
+    EXPECT_EQ(decode(huge), Catalog {sample::brisko()});
+}
+
+TEST(Catalog, NamesTheEntryAndTheKeyThatIsMissingNullOrOfAnotherType)
+{
+    for (const std::string_view text : codingKeyTexts) {
+        SCOPED_TRACE(text);
+        const QString key = QString::fromUtf8(text.data(), qsizetype(text.size()));
+        const auto names = testing::AllOf(HasSubstr("записи 2"), HasSubstr("«" + std::string(text) + "»"));
+
+        EXPECT_THAT(failureOf(withSecond(key, QJsonValue::Undefined)), names);
+        EXPECT_THAT(failureOf(withSecond(key, QJsonValue::Null)), names);
+        EXPECT_THAT(failureOf(withSecond(key, QJsonObject())), names);
+        EXPECT_EQ(codingKey(text).has_value(), true);
+    }
+    EXPECT_EQ(codingKey("ID"), std::nullopt);
+    EXPECT_THAT(failureOf("[{\"bytes\": \"wrong\", \"id\": 1}]"), HasSubstr("«id»")) << "the first in key order";
+    EXPECT_THAT(failureOf(withSecond(u"features"_s, QJsonArray {u"x"_s, 1})), HasSubstr("«features»"));
+}
+
+TEST(Catalog, TakesOnlyWholeNumbersOf64BitsForBytes)
+{
+    struct Case {
+        QByteArray number;
+        std::optional<qint64> expected;
+    };
+    for (const auto& [number, expected] : {
+             Case {"9223372036854775807", 9223372036854775807},
+             Case {"-1", -1},
+             Case {"9223372036854775808", {}},
+             Case {"123456789012345678901234567890", {}},
+             Case {"1.5", {}},
+             Case {"\"12\"", {}},
+             Case {"true", {}},
+         }) {
+        SCOPED_TRACE(number.toStdString());
+        QByteArray json = sample::catalogFile({sample::brisko()});
+        json.replace("12400000", number);
+
+        const auto catalog = decode(json);
+
+        EXPECT_EQ(catalog ? std::optional(catalog->at(0).bytes) : std::nullopt, expected);
+        if (!expected) {
+            EXPECT_THAT(failureOf(json), HasSubstr("«bytes»"));
+        }
+    }
+}
+
+TEST(Catalog, FailsAsAWholeWhenTheFileIsBroken)
+{
+    const QByteArray good = sample::catalogFile({sample::brisko()});
+    QByteArray badText = good;
+    badText.replace("Brisko-2.4.zip", "\xff\xfe");
+    struct Case {
+        const char* situation;
+        QByteArray json;
+        const char* expected;
+    };
+    for (const auto& [situation, json, expected] : {
+             Case {"empty", "", "строке 1"},
+             Case {"text", "PloviStore\n", "строке 1"},
+             Case {"broken in the third line", "[\n1,\n2", "строке 3"},
+             Case {"trailing bytes", good + "]", "JSON"},
+             Case {"invalid UTF-8", badText, "JSON"},
+             Case {"too deep", QByteArray(100'000, '['), "JSON"},
+             Case {"an object", "{}", "список"},
+             Case {"a text", "\"[]\"", "список"},
+             Case {"a list of texts", "[\"brisko\"]", "Запись 1"},
+         }) {
+        SCOPED_TRACE(situation);
+        EXPECT_THAT(failureOf(json), HasSubstr(expected));
+    }
+}
+
+TEST(Catalog, IsReadFromTheResourceFolder)
+{
+    FakePlatform platform;
+    EXPECT_EQ(readCatalog().error(), systemFailure(ENOENT));
+
+    platform.files.content[platform.resource("catalog.json")] = sample::catalogFile({sample::brisko()});
+
+    EXPECT_EQ(readCatalog(), Catalog {sample::brisko()});
+}
+
+}

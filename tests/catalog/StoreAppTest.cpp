@@ -1,0 +1,105 @@
+#include "catalog/StoreApp.h"
+
+#include "support/FakePlatform.h"
+#include "support/Samples.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(StoreApp, EqualsAnEntryWhoseEveryFieldIsEqual)
+{
+    const StoreApp brisko = sample::brisko();
+    const StoreApp other = sample::kadrilo();
+
+    EXPECT_EQ(brisko, sample::brisko());
+    for (auto field : {&StoreApp::id, &StoreApp::name, &StoreApp::category, &StoreApp::subtitle, &StoreApp::headline,
+             &StoreApp::description, &StoreApp::tint, &StoreApp::version, &StoreApp::bundleID, &StoreApp::minimum,
+             &StoreApp::archive, &StoreApp::sha256, &StoreApp::architecture}) {
+        StoreApp changed = brisko;
+        changed.*field = other.*field;
+        EXPECT_NE(changed, brisko) << (changed.*field).toStdString();
+    }
+    StoreApp fewer = brisko;
+    fewer.features.removeLast();
+    EXPECT_NE(fewer, brisko);
+    StoreApp reordered = brisko;
+    reordered.features.swapItemsAt(0, 1);
+    EXPECT_NE(reordered, brisko);
+    StoreApp larger = brisko;
+    ++larger.bytes;
+    EXPECT_NE(larger, brisko);
+}
+
+TEST(StoreApp, EqualsAndHashesAlikeInAnotherSpellingOfTheSameCharacters)
+{
+    StoreApp composed = sample::brisko();
+    composed.name = u"Й"_s;
+    composed.features = {u"ё"_s};
+    StoreApp decomposed = composed;
+    decomposed.name = u"И\u0306"_s;
+    decomposed.features = {u"е\u0308"_s};
+
+    EXPECT_EQ(composed, decomposed);
+    EXPECT_EQ(std::hash<StoreApp>()(composed), std::hash<StoreApp>()(decomposed));
+    EXPECT_NE(std::hash<StoreApp>()(composed), std::hash<StoreApp>()(sample::brisko()));
+}
+
+TEST(StoreApp, NamesTheProcessorsItRunsOn)
+{
+    struct Case {
+        QString minimum, architecture, expected;
+    };
+    for (const auto& [minimum, architecture, expected] : {
+             Case {u"13"_s, u"arm64 x86_64"_s, u"macOS 13+ · Apple Silicon и Intel"_s},
+             Case {u"13"_s, u"arm64"_s, u"macOS 13+ · Apple Silicon"_s},
+             Case {u"13"_s, u"X86_64"_s, u"macOS 13+ · Apple Silicon"_s},
+             Case {u""_s, u""_s, u"macOS + · Apple Silicon"_s},
+         }) {
+        StoreApp app = sample::brisko();
+        app.minimum = minimum;
+        app.architecture = architecture;
+        EXPECT_EQ(app.compatibility(), expected);
+    }
+}
+
+TEST(StoreApp, FindsItsArchiveInTheBundle)
+{
+    const FakePlatform platform;
+
+    EXPECT_EQ(sample::brisko().packageURL(), platform.resource("Packages/Brisko-2.4.zip"));
+}
+
+TEST(StoreApp, IsInstalledWhereABundleOfItsNameHasItsIdentifier)
+{
+    const Path shared = "/Applications/Brisko.app";
+    const Path own = "/home/user/Applications/Brisko.app";
+    const Path elsewhere = "/opt/Renamed.app";
+    const QString right = sample::brisko().bundleID;
+    const QString wrong = u"org.example.other"_s;
+    struct Case {
+        const char* situation;
+        std::map<Path, QString> bundles;
+        std::map<QString, Path> registry;
+        std::optional<Path> expected;
+    };
+    for (const auto& [situation, bundles, registry, expected] : {
+             Case {"nowhere", {}, {}, {}},
+             Case {"both folders", {{shared, right}, {own, right}}, {}, shared},
+             Case {"a stranger under its name", {{shared, wrong}, {own, right}}, {}, own},
+             Case {"only strangers", {{shared, wrong}, {own, wrong}}, {}, {}},
+             Case {"known to the system", {{shared, wrong}}, {{right, elsewhere}}, elsewhere},
+             Case {"letter case differs", {{shared, right.toUpper()}}, {}, {}},
+         }) {
+        SCOPED_TRACE(situation);
+        FakePlatform platform;
+        platform.bundles.installed = bundles;
+        platform.workspace.registry = registry;
+
+        EXPECT_EQ(sample::brisko().installedURL(), expected);
+    }
+}
+
+}

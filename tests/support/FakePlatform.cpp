@@ -1,0 +1,78 @@
+#include "support/FakePlatform.h"
+
+#include <cerrno>
+#include <new>
+
+namespace {
+
+template <class Map, class Key>
+auto lookUp(const Map& map, const Key& key) -> std::optional<typename Map::mapped_type>
+{
+    const auto found = map.find(key);
+    if (found == map.end())
+        return std::nullopt;
+    return found->second;
+}
+
+}
+
+Result<Buffer> FakePlatform::FakeFiles::read(const Path& file) const
+{
+    if (outOfMemory)
+        throw std::bad_alloc();
+    if (const auto error = lookUp(readErrors, file))
+        return tl::unexpected(systemFailure(*error));
+    const auto bytes = lookUp(content, file);
+    if (!bytes)
+        return tl::unexpected(systemFailure(ENOENT));
+    return *Buffer::copyOf(std::as_bytes(std::span(*bytes)));
+}
+
+Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink& sink) const
+{
+    return read(file).map([&](const Buffer& buffer) { sink(buffer.bytes()); });
+}
+
+Result<void> FakePlatform::FakeFiles::writeAtomically(const Path& file, std::span<const std::byte> bytes) const
+{
+    if (const auto error = lookUp(writeErrors, file))
+        return tl::unexpected(systemFailure(*error));
+    content[file] = QByteArray(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
+    return {};
+}
+
+std::optional<QString> FakePlatform::FakeBundles::bundleIdentifier(const Path& place) const
+{
+    return lookUp(installed, place);
+}
+
+std::optional<Path> FakePlatform::FakeWorkspace::urlForApplication(const QString& bundleID)
+{
+    return lookUp(registry, bundleID);
+}
+
+void FakePlatform::FakeWorkspace::openApplication(const Path& place, std::function<void(Result<void>)> done)
+{
+    opened.push_back(place);
+    done(outcome);
+}
+
+std::optional<Path> FakePlatform::FakeSavePanel::runModal(const SavePanelSetup& setup)
+{
+    shown.push_back(setup);
+    return answer;
+}
+
+void FakePlatform::FakeJobs::runAll()
+{
+    while (!background.empty()) {
+        const auto work = std::move(background.front());
+        background.pop_front();
+        main.push_back(work());
+    }
+    while (!main.empty()) {
+        const auto task = std::move(main.front());
+        main.pop_front();
+        task();
+    }
+}

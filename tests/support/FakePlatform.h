@@ -1,0 +1,91 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <deque>
+#include <map>
+
+/// A machine in memory, installed as the platform while it lives. Tests put things in and look at what became of
+/// them.
+class FakePlatform {
+public:
+    class FakeFiles final : public Files {
+    public:
+        Result<Buffer> read(const Path& file) const override;
+        Result<void> readInBlocks(const Path& file, const Sink& sink) const override;
+        Result<void> writeAtomically(const Path& file, std::span<const std::byte> content) const override;
+
+        mutable std::map<Path, QByteArray> content;
+        /// Error numbers that reading or writing these files ends with.
+        std::map<Path, int> readErrors;
+        std::map<Path, int> writeErrors;
+        /// Reading throws as an exhausted allocator does.
+        bool outOfMemory = false;
+    };
+
+    class FakeBundles final : public Bundles {
+    public:
+        Path mainResources() const override { return "/Store.app/Contents/Resources"; }
+        std::optional<QString> bundleIdentifier(const Path& place) const override;
+
+        std::map<Path, QString> installed;
+    };
+
+    class FakeFileManager final : public FileManager {
+    public:
+        Path homeFolder() const override { return "/home/user"; }
+        std::optional<Path> downloadsFolder() const override { return downloads; }
+
+        std::optional<Path> downloads = "/home/user/Downloads";
+    };
+
+    class FakeWorkspace final : public Workspace {
+    public:
+        std::optional<Path> urlForApplication(const QString& bundleID) override;
+        void openApplication(const Path& place, std::function<void(Result<void>)> done) override;
+        void openURL(const QString& address) override { addresses.append(address); }
+        void reveal(const Path& file) override { revealed.push_back(file); }
+
+        std::map<QString, Path> registry;
+        /// What opening ends with.
+        Result<void> outcome;
+        std::vector<Path> opened;
+        std::vector<Path> revealed;
+        QStringList addresses;
+    };
+
+    class FakeSavePanel final : public SavePanel {
+    public:
+        std::optional<Path> runModal(const SavePanelSetup& setup) override;
+
+        std::optional<Path> answer;
+        std::vector<SavePanelSetup> shown;
+    };
+
+    class FakeJobs final : public Jobs {
+    public:
+        void start(std::function<Task()> work) override { background.push_back(std::move(work)); }
+        void onMainThread(Task task) override { main.push_back(std::move(task)); }
+        /// Does all work that waits, in the background first.
+        void runAll();
+
+        std::deque<std::function<Task()>> background;
+        std::deque<Task> main;
+    };
+
+    FakeFiles files;
+    FakeBundles bundles;
+    FakeFileManager fileManager;
+    FakeWorkspace workspace;
+    FakeSavePanel savePanel;
+    FakeJobs jobs;
+
+    /// The place of a file in the main bundle's resource folder.
+    Path resource(const Path& name) const { return bundles.mainResources() / name; }
+
+private:
+    PlatformScope m_scope {Platform {&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "catalog/Catalog.h"
+
+#include <QByteArray>
+
+#include <ostream>
+
+namespace sample {
+
+/// A complete entry; a test changes the one field that it is about.
+StoreApp brisko();
+/// Another complete entry, which differs in every field.
+StoreApp kadrilo();
+
+/// A catalog file with these entries.
+QByteArray catalogFile(const Catalog& apps);
+
+}
+
+/// How test output names an entry.
+void PrintTo(const StoreApp& app, std::ostream* out);
+void PrintTo(const Failure& failure, std::ostream* out);
+
+/// How test output shows a Qt text.
+void PrintTo(const QString& text, std::ostream* out);
