@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+/// A section of the sidebar. The title is its identity, and the category whose entries a category section lists.
+struct Section {
+    QString title;
+    /// The name of the symbol beside the title.
+    QString symbol;
+
+    bool operator==(const Section&) const = default;
+};
+
+/// The titles that have rules of their own.
+namespace section_title {
+
+inline constexpr QStringView overview = u"Обзор";
+inline constexpr QStringView allApplications = u"Все приложения";
+inline constexpr QStringView installed = u"Установленные";
+inline constexpr QStringView downloads = u"Загрузки";
+
+}
+
+/// The sections in the order of the sidebar.
+const std::array<Section, 7>& sections();
