@@ -1,0 +1,77 @@
+#include "tools/SampleCollection.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+namespace {
+
+struct Ending {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+Ending run(const QStringList& arguments)
+{
+    int argc = 0;
+    const QCoreApplication application(argc, nullptr);
+    QProcess program;
+    program.start(QStringLiteral(PACK_PROGRAM), arguments);
+    program.waitForFinished(-1);
+    return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
+        program.readAllStandardOutput().toStdString(), program.readAllStandardError().toStdString()};
+}
+
+QStringList arguments(const PackOrder& order)
+{
+    return {u"--collection"_s, toText(order.collection), u"--apps"_s, toText(order.apps), u"--output"_s,
+        toText(order.output)};
+}
+
+} // namespace
+
+TEST(Program, PacksInSilence)
+{
+    const SampleCollection sample;
+
+    const auto ending = run(arguments(sample.order()));
+
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.output + ending.errors, "");
+    EXPECT_TRUE(std::filesystem::exists(sample.path("out/catalog.json")));
+}
+
+TEST(Program, AFailureIsOneLineAndStatusOne)
+{
+    const SampleCollection sample;
+    sample.write("collection/icons/Bemmo.svg", "no drawing");
+
+    const std::pair<QStringList, std::string> cases[]{
+        {arguments(sample.order()),
+            "cannot draw " + sample.path("collection/icons/Bemmo.svg").string() + ": it is no SVG drawing"},
+        {arguments(sample.order()).first(4), "--output is missing; --help shows the options"},
+        {{u"--colour"_s}, "Unknown option 'colour'."},
+        {arguments(sample.order()) << u"more"_s, "unexpected argument \"more\""},
+    };
+    for (const auto& [given, line] : cases) {
+        const auto ending = run(given);
+
+        EXPECT_EQ(ending.status, 1);
+        EXPECT_EQ(ending.output, "");
+        EXPECT_EQ(ending.errors, "plovistore-pack: " + line + "\n");
+    }
+}
+
+TEST(Program, ExplainsItself)
+{
+    const auto ending = run({u"--help"_s});
+
+    EXPECT_EQ(ending.status, 0);
+    for (const auto* option : {"--collection", "--apps", "--output"})
+        EXPECT_THAT(ending.output, HasSubstr(option));
+}
