@@ -1,0 +1,109 @@
+#include "app/SelfTest.h"
+
+#include "catalog/Catalog.h"
+#include "platform/Image.h"
+#include "platform/Platform.h"
+#include "platform/Sha256.h"
+#include "platform/Text.h"
+
+#include <cerrno>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t entriesExpected = 4;
+
+/// The edge at which lists show an icon; a bundle whose icon can be shown there has an icon.
+constexpr int iconEdge = 64;
+
+/// Why the self-test ends before its last entry has passed.
+struct Ending {
+    int status;
+    QString line;
+};
+template <class T>
+using Checked = tl::expected<T, Ending>;
+
+tl::unexpected<Ending> failed(const Failure& failure)
+{
+    return tl::unexpected(Ending {1, failure.localizedDescription});
+}
+
+tl::unexpected<Ending> stopped(const QString& message)
+{
+    return tl::unexpected(Ending {2, "Fatal error: "_L1 + message});
+}
+
+bool writeLine(std::FILE* stream, const QString& line)
+{
+    return std::fputs((line + u'\n').toUtf8().constData(), stream) >= 0 && std::fflush(stream) == 0;
+}
+
+Checked<Catalog> checkedCatalog()
+{
+    auto catalog = readCatalog();
+    if (!catalog)
+        return failed(catalog.error());
+    TextSet ids;
+    for (const StoreApp& app : *catalog)
+        ids.insert(app.id);
+    if (catalog->size() != entriesExpected || ids.size() != entriesExpected)
+        return stopped(u"Catalog invalid"_s);
+    return std::move(*catalog);
+}
+
+/// The digest of the entry's archive.
+Checked<QString> checkedArchive(const StoreApp& app)
+{
+    Sha256 hasher;
+    qint64 bytes = 0;
+    const auto read = Platform::current().files->readInBlocks(app.packageURL(), [&](std::span<const std::byte> block) {
+        hasher.update(block);
+        bytes += qint64(block.size());
+    });
+    if (!read)
+        return failed(read.error());
+    const QString digest = hasher.finalize();
+    if (bytes != app.bytes || digest != app.sha256)
+        return stopped(u"Invalid resource: "_s + app.name);
+    return digest;
+}
+
+bool hasIcon(const StoreApp& app)
+{
+    const Platform& platform = Platform::current();
+    const auto file = platform.files->read(platform.bundles->mainResources() / toPath(app.name + ".icns"_L1));
+    return file && decodeImage(file->bytes(), iconEdge);
+}
+
+Checked<void> checkBundle(std::FILE* report)
+{
+    const auto catalog = checkedCatalog();
+    if (!catalog)
+        return tl::unexpected(catalog.error());
+    for (const StoreApp& app : *catalog) {
+        const auto digest = checkedArchive(app);
+        if (!digest)
+            return tl::unexpected(digest.error());
+        if (!hasIcon(app))
+            return stopped(u"Invalid resource: "_s + app.name);
+        if (!writeLine(report, u"PASS %1 %2 SHA256 %3"_s.arg(app.name, app.version, *digest)))
+            return failed(systemFailure(errno));
+    }
+    return {};
+}
+
+}
+
+int runSelfTest(SelfTestOutput output)
+{
+    const auto outcome = checkBundle(output.report);
+    if (outcome)
+        return 0;
+    const auto& [status, line] = outcome.error();
+    const bool isStop = status == 2;
+    if (!writeLine(isStop ? output.errors : output.report, line) && !isStop)
+        writeLine(output.errors, line);
+    return status;
+}
