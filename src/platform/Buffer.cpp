@@ -41,7 +41,7 @@ std::byte* mapLargePages(std::size_t size)
     return memory + before;
 }
 
-}
+} // namespace
 
 Buffer::Buffer(Buffer&& other) noexcept
     : m_data(std::exchange(other.m_data, nullptr))

@@ -40,7 +40,7 @@ quint64 magnitude(qint64 number)
     return number < 0 ? 0 - static_cast<quint64>(number) : static_cast<quint64>(number);
 }
 
-}
+} // namespace
 
 struct ByteCountFormatter::Units {
     std::array<Unit, 6> ascending;
@@ -50,7 +50,7 @@ ByteCountFormatter::ByteCountFormatter(const QLocale& locale)
 {
     UErrorCode status = U_ZERO_ERROR;
     const auto conventions = icu::Locale::forLanguageTag(locale.bcp47Name().toLatin1().constData(), status);
-    m_units.reset(new Units{{
+    m_units = std::make_unique<const Units>(Units{{
         unit(conventions, MeasureUnit::getByte(), 0, 0),
         unit(conventions, MeasureUnit::getKilobyte(), 3, 0),
         unit(conventions, MeasureUnit::getMegabyte(), 6, 1),

@@ -47,7 +47,7 @@ QString sentence(int errorNumber)
     }
 }
 
-}
+} // namespace
 
 Failure systemFailure(int errorNumber)
 {

@@ -14,9 +14,7 @@ const Platform& Platform::current()
     return *s_current;
 }
 
-PlatformScope::PlatformScope(const Platform& platform)
-    : m_platform(platform)
-    , m_before(s_current)
+PlatformScope::PlatformScope(const Platform& platform) : m_platform(platform), m_before(s_current)
 {
     s_current = &m_platform;
 }

@@ -8,21 +8,21 @@
 
 namespace {
 
-// The library can fail here only for want of memory or of the algorithm itself, and a wrong digest is worse than none.
+// The library can fail here only for want of memory or of the algorithm itself, and a wrong digest is worse
+// than none.
 void require(bool succeeded)
 {
     if (!succeeded)
         qFatal("SHA-256 is not available.");
 }
 
-}
+} // namespace
 
 struct Sha256::Context {
     std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> digest{EVP_MD_CTX_new(), &EVP_MD_CTX_free};
 };
 
-Sha256::Sha256()
-    : m_context(std::make_unique<Context>())
+Sha256::Sha256() : m_context(std::make_unique<Context>())
 {
     require(m_context->digest && EVP_DigestInit_ex(m_context->digest.get(), EVP_sha256(), nullptr));
 }

@@ -16,7 +16,8 @@ namespace {
 // Only a pointer to the same units; ICU does not take a null pointer for an empty text.
 icu::UnicodeString aliasOf(QStringView text)
 {
-    return text.isEmpty() ? icu::UnicodeString() : icu::UnicodeString(false, text.utf16(), static_cast<int>(text.size()));
+    return text.isEmpty() ? icu::UnicodeString()
+                          : icu::UnicodeString(false, text.utf16(), static_cast<int>(text.size()));
 }
 
 QStringView viewOf(const icu::UnicodeString& text)
@@ -52,7 +53,7 @@ bool isMarkAt(std::u16string_view text, std::size_t position)
     return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
 }
 
-}
+} // namespace
 
 bool canonicallyEqual(QStringView left, QStringView right)
 {
@@ -100,7 +101,7 @@ bool SearchText::contains(const SearchText& part) const
         return true;
 
     const bool beginsWithMark = isMarkAt(sought, 0);
-    for (auto at = text.find(sought); at != text.npos; at = text.find(sought, at + 1)) {
+    for (auto at = text.find(sought); at != std::u16string_view::npos; at = text.find(sought, at + 1)) {
         const std::size_t end = at + sought.size();
         const bool splitsFirst = beginsWithMark && at > 0;
         const bool splitsLast = end < text.size() && isMarkAt(text, end);

@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-/// Whether two texts are the same under canonical equivalence (Unicode Standard Annex #15): composed and decomposed
-/// «й» are. Any thread.
+/// Whether two texts are the same under canonical equivalence (Unicode Standard Annex #15): composed and
+/// decomposed «й» are. Any thread.
 bool canonicallyEqual(QStringView left, QStringView right);
 
 /// A hash that canonically equal texts share. Any thread.
@@ -28,12 +28,12 @@ enum class LetterCase {
     Turkic,
 };
 
-/// What is usual in the user's locale, that of `LC_ALL`, `LC_CTYPE` or `LANG`, the first that is set. Any thread as
-/// long as none changes the environment.
+/// What is usual in the user's locale, that of `LC_ALL`, `LC_CTYPE` or `LANG`, the first that is set. Any
+/// thread as long as none changes the environment.
 LetterCase userLetterCase();
 
-/// A text made ready for searching: letter case and canonically equivalent spellings no longer matter; accents and
-/// other marks do. Making one costs far more than a search in it. Any thread.
+/// A text made ready for searching: letter case and canonically equivalent spellings no longer matter;
+/// accents and other marks do. Making one costs far more than a search in it. Any thread.
 class SearchText {
 public:
     explicit SearchText(QStringView text, LetterCase letterCase = userLetterCase());

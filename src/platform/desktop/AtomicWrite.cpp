@@ -45,7 +45,7 @@ struct Permissions {
 
 Result<Permissions> permissionsFor(const Path& file)
 {
-    struct stat former{};
+    struct stat former { };
     if (stat(file.c_str(), &former) != 0)
         return errno == ENOENT ? Result<Permissions>(Permissions{}) : failed(errno);
     if (S_ISDIR(former.st_mode))
@@ -60,8 +60,7 @@ Result<Permissions> permissionsFor(const Path& file)
 class TemporaryFile {
 public:
     TemporaryFile(TemporaryFile&& other) noexcept
-        : m_path(std::exchange(other.m_path, {}))
-        , m_descriptor(std::move(other.m_descriptor))
+        : m_path(std::exchange(other.m_path, {})), m_descriptor(std::move(other.m_descriptor))
     {
     }
     TemporaryFile& operator=(TemporaryFile&&) = delete;
@@ -114,14 +113,13 @@ public:
 
 private:
     TemporaryFile(Path path, FileDescriptor descriptor)
-        : m_path(std::move(path))
-        , m_descriptor(std::move(descriptor))
+        : m_path(std::move(path)), m_descriptor(std::move(descriptor))
     {
     }
 
-    // Past the system's cache: filling fresh pages of it takes several times as long as the disk does. Only whole
-    // blocks of aligned memory can go this way, and not every file system knows it; whatever stops it, the rest is
-    // written the ordinary way, which also tells what is wrong. Returns how much was written.
+    // Past the system's cache: filling fresh pages of it takes several times as long as the disk does. Only
+    // whole blocks of aligned memory can go this way, and not every file system knows it; whatever stops it,
+    // the rest is written the ordinary way, which also tells what is wrong. Returns how much was written.
     std::size_t writeDirectly(std::span<const std::byte> content)
     {
         const bool isAligned = reinterpret_cast<std::uintptr_t>(content.data()) % directAlignment == 0;
@@ -154,8 +152,8 @@ private:
     FileDescriptor m_descriptor;
 };
 
-// The new name reaches the disk at once. The file has been replaced already, so that a failure would change nothing;
-// some file systems know no such flush.
+// The new name reaches the disk at once. The file has been replaced already, so that a failure would change
+// nothing; some file systems know no such flush.
 void flushFolder(const Path& folder)
 {
     const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -163,7 +161,7 @@ void flushFolder(const Path& folder)
         fsync(descriptor.number());
 }
 
-}
+} // namespace
 
 Result<void> writeAtomically(const Path& file, std::span<const std::byte> content)
 {

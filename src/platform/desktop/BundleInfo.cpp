@@ -33,7 +33,7 @@ QString text(plist_t dictionary, const char* key)
     return QString::fromUtf8(characters, static_cast<qsizetype>(length));
 }
 
-}
+} // namespace
 
 std::optional<BundleInfo> readBundleInfo(const Path& bundle)
 {

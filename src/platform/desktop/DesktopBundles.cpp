@@ -11,12 +11,9 @@ Path realPath(const Path& path)
     return error ? path : real;
 }
 
-}
+} // namespace
 
-DesktopBundles::DesktopBundles()
-    : DesktopBundles("/proc/self/exe")
-{
-}
+DesktopBundles::DesktopBundles() : DesktopBundles("/proc/self/exe") { }
 
 DesktopBundles::DesktopBundles(const Path& executable)
     : m_resources(realPath(executable).parent_path().parent_path() / "Resources")

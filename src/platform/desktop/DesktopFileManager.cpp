@@ -9,7 +9,7 @@ Path standardFolder(QStandardPaths::StandardLocation location)
     return toPath(QStandardPaths::writableLocation(location));
 }
 
-}
+} // namespace
 
 Path DesktopFileManager::homeFolder() const
 {

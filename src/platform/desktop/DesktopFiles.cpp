@@ -35,7 +35,7 @@ Result<ReadableFile> openForReadingThrough(const Path& file)
     return opened;
 }
 
-}
+} // namespace
 
 Result<Buffer> DesktopFiles::read(const Path& file) const
 {
@@ -43,7 +43,8 @@ Result<Buffer> DesktopFiles::read(const Path& file) const
     if (!opened)
         return tl::unexpected(opened.error());
 
-    // One byte more than the file holds: a buffer that is not full has met the end, and one that is full has to grow.
+    // One byte more than the file holds: a buffer that is not full has met the end, and one that is full has
+    // to grow.
     auto buffer = allocate(std::max(opened->size, blockSize) + 1);
     std::size_t filled = 0;
     while (buffer) {

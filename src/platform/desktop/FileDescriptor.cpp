@@ -7,13 +7,9 @@
 #include <cerrno>
 #include <utility>
 
-FileDescriptor::FileDescriptor(int number)
-    : m_number(number)
-{
-}
+FileDescriptor::FileDescriptor(int number) : m_number(number) { }
 
-FileDescriptor::FileDescriptor(FileDescriptor&& other) noexcept
-    : m_number(std::exchange(other.m_number, -1))
+FileDescriptor::FileDescriptor(FileDescriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1))
 {
 }
 
@@ -49,7 +45,7 @@ Result<ReadableFile> openForReading(const Path& file)
 {
     // Opening a pipe without O_NONBLOCK waits for its writer. Reading a regular file does not know the flag.
     FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat status{};
+    struct stat status { };
     if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0)
         return tl::unexpected(systemFailure(errno));
     if (S_ISDIR(status.st_mode))

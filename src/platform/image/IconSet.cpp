@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr std::size_t headerSize = 8; // a type of four characters and the length of the whole, both of set and entry
+constexpr std::size_t headerSize =
+    8; // a type of four characters and the length of the whole, both of set and entry
 
 // A set made to keep the program busy may have thousands of entries, all damaged in the end.
 constexpr int mostAttempts = 16;
@@ -103,8 +104,8 @@ std::optional<Candidate> candidate(const Entry& entry, std::span<const Entry> en
     if (packed == packedRgbTypes.end() || content.size() < packed->padding)
         return std::nullopt;
     return Candidate{packed->edge, [content, entries, packed] {
-                         return decodePackedRgb(
-                             content.subspan(packed->padding), contentOf(entries, packed->mask), packed->edge);
+                         return decodePackedRgb(content.subspan(packed->padding),
+                             contentOf(entries, packed->mask), packed->edge);
                      }};
 }
 
@@ -117,7 +118,7 @@ void sortByFitness(std::vector<Candidate>& candidates, int edge)
     std::rotate(candidates.begin(), sufficient, candidates.end());
 }
 
-}
+} // namespace
 
 bool isIconSet(Bytes file)
 {

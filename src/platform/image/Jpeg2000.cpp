@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
-#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t siz = 2;
 constexpr std::size_t sizSize = 42;
 
-// One picture of this size takes the decoder a hundred times its memory when its bytes are made to do so; no icon is
-// larger.
+// One picture of this size takes the decoder a hundred times its memory when its bytes are made to do so; no
+// icon is larger.
 constexpr std::int64_t mostPixels = std::int64_t{1} << 20;
 constexpr std::int64_t mostTiles = 1024;
 
@@ -81,12 +81,58 @@ std::optional<Layout> layoutOf(Bytes file)
 bool hasPalette(Bytes boxes)
 {
     constexpr std::array<std::byte, 4> name{std::byte{'p'}, std::byte{'c'}, std::byte{'l'}, std::byte{'r'}};
-    return !std::ranges::search(boxes, name).empty();
+    return std::search(boxes.begin(), boxes.end(), name.begin(), name.end()) != boxes.end();
 }
 
 std::int64_t tileCount(std::int64_t length, std::int64_t tile)
 {
     return tile > 0 ? (length + tile - 1) / tile : 0;
+}
+
+namespace marker {
+
+constexpr std::uint32_t codingStyle = 0xFF52;
+constexpr std::uint32_t codingStyleOfComponent = 0xFF53;
+constexpr std::uint32_t startOfTilePart = 0xFF90;
+constexpr std::uint32_t startOfData = 0xFF93;
+
+} // namespace marker
+
+// A precinct costs the decoder some hundred bytes and their initialisation before it looks at any data. A
+// segment that sets a coding style may name the edges of precincts at its end, two exponents in each byte.
+bool hasTinyPrecincts(Bytes segment, std::size_t styleOffset, std::size_t precinctsOffset)
+{
+    constexpr auto smallestExponent = std::byte{4};
+    if (segment.size() <= precinctsOffset || (segment[styleOffset] & std::byte{1}) == std::byte{0})
+        return false;
+    return std::ranges::any_of(segment.subspan(precinctsOffset), [](std::byte exponents) {
+        return (exponents & std::byte{15}) < smallestExponent || (exponents >> 4) < smallestExponent;
+    });
+}
+
+// Walks over the headers of the picture and of all parts of its tiles.
+bool isModest(Bytes codestream)
+{
+    Bytes rest = codestream.subspan(siz);
+    Bytes behindTilePart;
+    while (rest.size() >= 4) {
+        const std::uint32_t type = bigEndian32(rest, 0) >> 16;
+        if (type == marker::startOfData) {
+            rest = std::exchange(behindTilePart, {});
+            continue;
+        }
+        const Bytes segment =
+            rest.first(std::min<std::size_t>(rest.size(), 2 + (bigEndian32(rest, 0) & 0xFFFF)));
+        if (type < 0xFF00 || (type == marker::codingStyle && hasTinyPrecincts(segment, 4, 14))
+            || (type == marker::codingStyleOfComponent && hasTinyPrecincts(segment, 5, 11)))
+            return false;
+        if (type == marker::startOfTilePart && segment.size() >= 12) {
+            const std::size_t length = bigEndian32(segment, 6);
+            behindTilePart = length == 0 ? Bytes() : rest.subspan(std::min(length, rest.size()));
+        }
+        rest = rest.subspan(segment.size());
+    }
+    return true;
 }
 
 struct Source {
@@ -148,8 +194,8 @@ Decoded decode(Source& source)
     opj_dparameters_t parameters;
     opj_set_default_decoder_parameters(&parameters);
     opj_image_t* image = nullptr;
-    const bool hasHeader = opj_setup_decoder(codec.get(), &parameters)
-        && opj_read_header(stream.get(), codec.get(), &image);
+    const bool hasHeader =
+        opj_setup_decoder(codec.get(), &parameters) && opj_read_header(stream.get(), codec.get(), &image);
     Decoded decoded(image, &opj_image_destroy);
     const bool succeeded = hasHeader && opj_decode(codec.get(), stream.get(), image)
         && opj_end_decompress(codec.get(), stream.get());
@@ -178,7 +224,8 @@ public:
         const int row = static_cast<int>(m_component.h) * y / m_size.height;
         const auto sample = m_component.data[row * static_cast<int>(m_component.w) + column] + m_offset;
         const auto value = std::clamp<std::int64_t>(sample, 0, m_highest);
-        return static_cast<std::uint32_t>(m_highest == 255 ? value : (value * 255 + m_highest / 2) / m_highest);
+        return static_cast<std::uint32_t>(
+            m_highest == 255 ? value : (value * 255 + m_highest / 2) / m_highest);
     }
 
 private:
@@ -197,7 +244,7 @@ bool isUsable(const opj_image_t& image)
 {
     const std::span components(image.comps, image.numcomps);
     const bool isKnownColour = image.color_space != OPJ_CLRSPC_CMYK && image.color_space != OPJ_CLRSPC_EYCC;
-    return isKnownColour && components.size() >= 1 && components.size() <= 4
+    return isKnownColour && !components.empty() && components.size() <= 4
         && std::ranges::all_of(components, [](const auto& component) { return isUsable(component); });
 }
 
@@ -238,7 +285,7 @@ Image toImage(const opj_image_t& decoded)
     return image;
 }
 
-}
+} // namespace
 
 std::optional<PictureSize> jpeg2000Size(Bytes file)
 {
@@ -253,10 +300,12 @@ std::optional<PictureSize> jpeg2000Size(Bytes file)
     const std::int64_t bottom = field(10);
     const std::int64_t width = right - field(14);
     const std::int64_t height = bottom - field(18);
-    const std::int64_t tiles = tileCount(right - field(30), field(22)) * tileCount(bottom - field(34), field(26));
+    const std::int64_t tiles =
+        tileCount(right - field(30), field(22)) * tileCount(bottom - field(34), field(26));
     const std::int64_t components = field(38) >> 16;
     if (width < 1 || width > mostPixels || height < 1 || height > mostPixels || width * height > mostPixels
-        || tiles < 1 || tiles > mostTiles || components < 1 || components > 4)
+        || tiles < 1 || tiles > mostTiles || components < 1 || components > 4
+        || !isModest(layout->codestream))
         return std::nullopt;
     return PictureSize{static_cast<int>(width), static_cast<int>(height)};
 }

@@ -28,7 +28,8 @@ Samples unpack(Bytes packed, std::size_t wanted)
                 values.push_back(std::to_integer<std::uint32_t>(sample));
             at += count;
         } else if (at < packed.size()) {
-            values.insert(values.end(), std::min(lead - 125, room), std::to_integer<std::uint32_t>(packed[at++]));
+            values.insert(
+                values.end(), std::min(lead - 125, room), std::to_integer<std::uint32_t>(packed[at++]));
         }
     }
     samples.usedAllBytes = at == packed.size();
@@ -40,7 +41,7 @@ std::size_t pixelCount(int edge)
     return static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge);
 }
 
-}
+} // namespace
 
 std::optional<Image> decodePackedRgb(Bytes content, Bytes mask, int edge)
 {

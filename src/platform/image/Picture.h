@@ -12,8 +12,8 @@ struct PictureSize {
     bool operator==(const PictureSize&) const = default;
 };
 
-/// Whether a picture of this size is decoded at all. Some bytes can claim any size, and memory has an end: 32 million
-/// pixels are enough for a screen of 7680 × 4320.
+/// Whether a picture of this size is decoded at all. Some bytes can claim any size, and memory has an end: 32
+/// million pixels are enough for a screen of 7680 × 4320.
 constexpr bool isAcceptable(PictureSize size)
 {
     constexpr int longestEdge = 16384;
@@ -38,7 +38,8 @@ inline std::uint32_t bigEndian32(Bytes bytes, std::size_t offset)
     return number;
 }
 
-constexpr std::uint32_t packedPixel(std::uint32_t alpha, std::uint32_t red, std::uint32_t green, std::uint32_t blue)
+constexpr std::uint32_t packedPixel(
+    std::uint32_t alpha, std::uint32_t red, std::uint32_t green, std::uint32_t blue)
 {
     return alpha << 24 | red << 16 | green << 8 | blue;
 }

@@ -17,7 +17,8 @@ constexpr std::array<unsigned char, 16> beginning{
 std::optional<PictureSize> pngSize(Bytes file)
 {
     constexpr std::size_t sizeEnd = beginning.size() + 8;
-    if (file.size() < sizeEnd || !std::ranges::equal(std::as_bytes(std::span(beginning)), file.first<beginning.size()>()))
+    if (file.size() < sizeEnd
+        || !std::ranges::equal(std::as_bytes(std::span(beginning)), file.first<beginning.size()>()))
         return std::nullopt;
 
     const PictureSize size{static_cast<int>(bigEndian32(file, 16)), static_cast<int>(bigEndian32(file, 20))};
