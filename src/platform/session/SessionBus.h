@@ -1,0 +1,16 @@
+#pragma once
+
+#include <chrono>
+
+/// How the session bus is to be had.
+enum class SessionBus {
+    /// Nothing listens.
+    Absent,
+    /// Something takes connections but does not answer: whoever talks to it waits without end.
+    Silent,
+    Answers,
+};
+
+/// Speaks to the session bus (D-Bus, over a local socket) without joining it, for at most `patience`. A bus
+/// that is reached in another way counts as answering. Any thread.
+SessionBus probeSessionBus(std::chrono::milliseconds patience);
