@@ -1,0 +1,111 @@
+#include "ui/kit/Accessibility.h"
+
+#include "ui/kit/MessageSheet.h"
+#include "ui/kit/SymbolButton.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace {
+
+constexpr const char* decorative = "decorative";
+
+class DecorativeNode : public QAccessibleWidget {
+public:
+    explicit DecorativeNode(QWidget* widget) : QAccessibleWidget(widget, QAccessible::NoRole) { }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        state.invisible = true;
+        return state;
+    }
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+};
+
+/// One button, whatever is drawn inside.
+class ButtonNode : public QAccessibleWidget {
+public:
+    explicit ButtonNode(PlainButton* button) : QAccessibleWidget(button, QAccessible::Button) { }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name)
+            return QAccessibleWidget::text(kind);
+        return button().accessibleName().isEmpty() ? button().text() : button().accessibleName();
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        const auto* symbol = qobject_cast<SymbolButton*>(object());
+        state.busy = symbol && symbol->activity() == SymbolButton::Activity::Busy;
+        state.checkable = button().isCheckable();
+        state.checked = button().isChecked();
+        state.pressed = button().isDown();
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        return button().isEnabled() ? QStringList{pressAction(), setFocusAction()} : QStringList();
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction())
+            // Later: a press may open a panel, and the screen reader waits for the answer of this call.
+            QMetaObject::invokeMethod(&button(), &QAbstractButton::click, Qt::QueuedConnection);
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+private:
+    PlainButton& button() const { return *static_cast<PlainButton*>(object()); }
+};
+
+class SheetNode : public QAccessibleWidget {
+public:
+    explicit SheetNode(QWidget* sheet) : QAccessibleWidget(sheet, QAccessible::Dialog) { }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = true;
+        return state;
+    }
+};
+
+QAccessibleInterface* makeNode(const QString&, QObject* object)
+{
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (!widget)
+        return nullptr;
+    if (widget->property(decorative).toBool())
+        return new DecorativeNode(widget);
+    if (auto* button = qobject_cast<PlainButton*>(widget))
+        return new ButtonNode(button);
+    if (auto* sheet = qobject_cast<MessageSheet*>(widget))
+        return new SheetNode(sheet);
+    return nullptr;
+}
+
+} // namespace
+
+void makeDecorative(QWidget& widget)
+{
+    widget.setProperty(decorative, true);
+}
+
+void installAccessibility()
+{
+    QAccessible::installFactory(makeNode);
+}

@@ -1,0 +1,119 @@
+#include "ui/kit/KitStyle.h"
+
+#include "ui/kit/Style.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyleOptionMenuItem>
+#include <QStyleOptionSlider>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QRect thumbOf(const QStyleOptionSlider& bar)
+{
+    const bool vertical = bar.orientation == Qt::Vertical;
+    const int groove = vertical ? bar.rect.height() : bar.rect.width();
+    const qint64 range = qint64(bar.maximum) - bar.minimum + bar.pageStep;
+    const int shortest = Style::px(32);
+    const int length =
+        range > 0 ? qMin(groove, qMax(shortest, int(groove * qint64(bar.pageStep) / range))) : groove;
+    const int start = QStyle::sliderPositionFromValue(
+        bar.minimum, bar.maximum, bar.sliderPosition, groove - length, bar.upsideDown);
+    return vertical ? QRect(bar.rect.x(), bar.rect.y() + start, bar.rect.width(), length)
+                    : QRect(bar.rect.x() + start, bar.rect.y(), length, bar.rect.height());
+}
+
+} // namespace
+
+KitStyle::KitStyle() : QProxyStyle(u"Fusion"_s) { }
+
+int KitStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_ScrollBarExtent:
+        return Style::scrollBar;
+    case PM_MenuBarHMargin:
+        return Style::menuBarMarginX;
+    case PM_MenuBarVMargin:
+        return Style::menuBarMarginY;
+    case PM_MenuBarItemSpacing:
+        return Style::menuBarSpacing;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QSize KitStyle::sizeFromContents(
+    ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const
+{
+    QSize size = contents;
+    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (type == CT_MenuBarItem && item)
+        size.setWidth(QFontMetrics(item->font).horizontalAdvance(item->text));
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+void KitStyle::drawControl(
+    ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
+{
+    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuBarItem && item)
+        painter->setFont(item->font);
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+QRect KitStyle::subControlRect(
+    ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const
+{
+    const auto* bar =
+        control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+    if (!bar)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+
+    const QRect thumb = thumbOf(*bar);
+    const bool vertical = bar->orientation == Qt::Vertical;
+    QRect rect = bar->rect;
+    switch (part) {
+    case SC_ScrollBarGroove:
+        break;
+    case SC_ScrollBarSlider:
+        rect = thumb;
+        break;
+    case SC_ScrollBarSubPage:
+        vertical ? rect.setBottom(thumb.top() - 1) : rect.setRight(thumb.left() - 1);
+        break;
+    case SC_ScrollBarAddPage:
+        vertical ? rect.setTop(thumb.bottom() + 1) : rect.setLeft(thumb.right() + 1);
+        break;
+    default:
+        return {};
+    }
+    return visualRect(bar->direction, bar->rect, rect);
+}
+
+void KitStyle::drawComplexControl(
+    ComplexControl control, const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const
+{
+    const auto* bar =
+        control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+    if (!bar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    if (bar->maximum <= bar->minimum)
+        return;
+
+    const bool lively = bar->state.testFlag(State_MouseOver) || bar->state.testFlag(State_Sunken);
+    const QRectF thumb = subControlRect(control, option, SC_ScrollBarSlider, widget);
+    const qreal gap = Style::px(2);
+    const QRectF line = thumb.adjusted(gap, gap, -gap, -gap);
+    const qreal corner = qMin(line.width(), line.height()) / 2;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(lively ? Style::scrollThumbHovered() : Style::scrollThumb());
+    painter->drawRoundedRect(line, corner, corner);
+    painter->restore();
+}

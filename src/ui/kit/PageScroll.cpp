@@ -1,0 +1,88 @@
+#include "ui/kit/PageScroll.h"
+
+#include "ui/kit/Style.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+PageScroll::PageScroll(QWidget* parent) : QScrollArea(parent)
+{
+    setFrameStyle(QFrame::NoFrame);
+    setFocusPolicy(Qt::ClickFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    verticalScrollBar()->setAccessibleName(u"Прокрутка"_s);
+    verticalScrollBar()->setSingleStep(Style::pageSpacing);
+    connect(qApp, &QApplication::focusChanged, this, &PageScroll::followFocus);
+    floatBar();
+}
+
+void PageScroll::setPage(QLayout* column)
+{
+    auto* page = new QWidget;
+    page->setLayout(column);
+    setWidget(page);
+    fitPage();
+}
+
+QRect PageScroll::columnRect() const
+{
+    return widget()->layout()->contentsRect();
+}
+
+bool PageScroll::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange)
+        floatBar();
+    if (event->type() == QEvent::LayoutRequest)
+        fitPage();
+    return QScrollArea::event(event);
+}
+
+void PageScroll::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    fitPage();
+}
+
+void PageScroll::floatBar()
+{
+    const int bar = Style::scrollBar;
+    setViewportMargins(isRightToLeft() ? -bar : 0, 0, isRightToLeft() ? 0 : -bar, 0);
+}
+
+void PageScroll::fitPage()
+{
+    if (!widget())
+        return;
+    QLayout& column = *widget()->layout();
+    const int width = viewport()->width();
+    const int side = Style::pageMargin + qMax(0, (width - Style::pageMaxWidth) / 2);
+    column.setContentsMargins(side, Style::pageMargin, side, Style::pageMargin);
+    const int height =
+        column.hasHeightForWidth() ? column.totalHeightForWidth(width) : column.totalSizeHint().height();
+    widget()->resize(width, height);
+}
+
+void PageScroll::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Home)
+        verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+    else if (event->key() == Qt::Key_End)
+        verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+    else
+        QScrollArea::keyPressEvent(event);
+}
+
+void PageScroll::followFocus(QWidget* old, QWidget* now)
+{
+    // Without an old place the window has only come back; under a pressed mouse button nothing may slip away.
+    const bool moved = old && now && widget() && widget()->isAncestorOf(now);
+    if (moved && QApplication::mouseButtons() == Qt::NoButton)
+        ensureWidgetVisible(now, 0, Style::pageMargin);
+}

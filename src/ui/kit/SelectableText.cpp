@@ -1,0 +1,86 @@
+#include "ui/kit/SelectableText.h"
+
+#include "ui/kit/TextLines.h"
+
+#include <QFontMetrics>
+#include <QStyle>
+#include <QTextBlockFormat>
+#include <QTextCursor>
+#include <QTextLayout>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr int caretWidth = 1;
+
+} // namespace
+
+SelectableText::SelectableText(
+    const Style::TextStyle& style, const QColor& color, Style::Length extra, QWidget* parent)
+    : QTextEdit(parent), m_extra(extra)
+{
+    setFrameStyle(QFrame::NoFrame);
+    setFont(Style::font(style));
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, color);
+    setPalette(colors);
+    viewport()->setAutoFillBackground(false);
+    document()->setDocumentMargin(0);
+    setAcceptRichText(false);
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setUndoRedoEnabled(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void SelectableText::present(const QString& text)
+{
+    if (text == m_presented)
+        return;
+    m_presented = text;
+    setPlainText(text);
+    QTextBlockFormat lines;
+    lines.setLineHeight(m_extra, QTextBlockFormat::LineDistanceHeight);
+    lines.setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute);
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.mergeBlockFormat(lines);
+    updateGeometry();
+}
+
+QSize SelectableText::sizeHint() const
+{
+    QTextLayout layout(withLineSeparators(m_presented), font());
+    breakLines(layout, QWIDGETSIZE_MAX, 0, 0);
+    const int width = qMin(qCeil(layout.maximumWidth()) + caretWidth, maximumWidth());
+    return {width, heightForWidth(width)};
+}
+
+QSize SelectableText::minimumSizeHint() const
+{
+    return {qMin(sizeHint().width(), fontMetrics().averageCharWidth() * 12), fontMetrics().height()};
+}
+
+bool SelectableText::hasHeightForWidth() const
+{
+    return true;
+}
+
+int SelectableText::heightForWidth(int width) const
+{
+    const int count = countLines(m_presented, font(), qMax(1, qMin(width, maximumWidth())));
+    return count * fontMetrics().height() + (count - 1) * m_extra;
+}
+
+void SelectableText::wheelEvent(QWheelEvent* event)
+{
+    if (verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOff)
+        event->ignore();
+    else
+        QTextEdit::wheelEvent(event);
+}

@@ -1,0 +1,162 @@
+#include "ui/kit/Style.h"
+
+#include "ui/kit/Accessibility.h"
+#include "ui/kit/KitStyle.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QScreen>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal dotsPerInch = 96;
+
+QColor whiteOf(int percent)
+{
+    return QColor::fromRgbF(1, 1, 1, static_cast<float>(percent) / 100);
+}
+
+QColor blackOf(int percent)
+{
+    return QColor::fromRgbF(0, 0, 0, static_cast<float>(percent) / 100);
+}
+
+QColor accentOf(int percent)
+{
+    QColor color = Style::accent();
+    color.setAlphaF(static_cast<float>(percent) / 100);
+    return color;
+}
+
+QFont::Weight weightOf(Style::Weight weight)
+{
+    switch (weight) {
+    case Style::Weight::Regular:
+        return QFont::Normal;
+    case Style::Weight::Medium:
+        return QFont::Medium;
+    case Style::Weight::Semibold:
+        return QFont::DemiBold;
+    case Style::Weight::Bold:
+        return QFont::Bold;
+    }
+    return QFont::Normal;
+}
+
+/// A desktop without a font of its own names none in particular.
+bool isUnspecific(const QString& family)
+{
+    return family.isEmpty() || family.startsWith(u"Sans"_s, Qt::CaseInsensitive) || family == u"Helvetica"_s;
+}
+
+} // namespace
+
+namespace Style {
+
+// A table, one colour a line.
+// clang-format off
+QColor windowBackground() { return QColor(0x1E, 0x1E, 0x20); }
+QColor sidebar() { return QColor(0x29, 0x29, 0x2C); }
+QColor sidebarEdge() { return QColor(0x16, 0x16, 0x18); }
+QColor menuBar() { return QColor(0x2A, 0x2A, 0x2D); }
+QColor dialog() { return QColor(0x32, 0x32, 0x36); }
+QColor dimming() { return blackOf(36); }
+QColor sheetShade() { return blackOf(3); }
+
+QColor primaryText() { return whiteOf(92); }
+QColor secondaryText() { return whiteOf(55); }
+QColor white() { return QColor(Qt::white); }
+QColor cardText() { return whiteOf(80); }
+QColor disabledText() { return whiteOf(30); }
+
+QColor accent() { return QColor(0xFF, 0x45, 0x3A); }
+QColor accentHovered() { return QColor(0xFF, 0x5A, 0x50); }
+QColor accentPressed() { return QColor(0xD6, 0x38, 0x2F); }
+QColor selection() { return accentOf(19); }
+QColor textSelection() { return QColor(0x8C, 0x2E, 0x29); }
+QColor divider() { return whiteOf(10); }
+QColor fieldFill() { return whiteOf(6); }
+QColor fieldBorder() { return whiteOf(14); }
+QColor hover() { return whiteOf(6); }
+QColor pressed() { return whiteOf(11); }
+QColor scrollThumb() { return whiteOf(22); }
+QColor scrollThumbHovered() { return whiteOf(38); }
+
+QColor cardStart() { return QColor::fromRgbF(0.3f, 0.055f, 0.06f); }
+QColor cardEnd() { return QColor::fromRgbF(0.1f, 0.045f, 0.055f); }
+QColor shadow() { return blackOf(30); }
+// clang-format on
+
+qreal scale()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->logicalDotsPerInch() / dotsPerInch : 1;
+}
+
+int px(qreal points)
+{
+    return qRound(points * scale());
+}
+
+QFont font(const TextStyle& style)
+{
+    QFont font = QApplication::font();
+    if (style.design == Design::Rounded)
+        font.setFamilies(QStringList(u"Manrope"_s) + font.families());
+    font.setPixelSize(px(style.size));
+    font.setWeight(weightOf(style.weight));
+    return font;
+}
+
+QPalette palette()
+{
+    QPalette palette;
+    for (const auto& [role, color] : {
+             std::pair{QPalette::Window, windowBackground()},
+             {QPalette::WindowText, primaryText()},
+             {QPalette::Base, windowBackground()},
+             {QPalette::AlternateBase, sidebar()},
+             {QPalette::Text, primaryText()},
+             {QPalette::PlaceholderText, secondaryText()},
+             {QPalette::Button, dialog()},
+             {QPalette::ButtonText, primaryText()},
+             {QPalette::BrightText, white()},
+             {QPalette::ToolTipBase, dialog()},
+             {QPalette::ToolTipText, primaryText()},
+             {QPalette::Highlight, textSelection()},
+             {QPalette::HighlightedText, white()},
+             {QPalette::Link, accentHovered()},
+             {QPalette::LinkVisited, accentHovered()},
+             {QPalette::Light, QColor(0x48, 0x48, 0x4C)},
+             {QPalette::Midlight, QColor(0x3C, 0x3C, 0x40)},
+             {QPalette::Mid, QColor(0x26, 0x26, 0x28)},
+             {QPalette::Dark, QColor(0x18, 0x18, 0x1A)},
+             {QPalette::Shadow, QColor(0x0C, 0x0C, 0x0D)},
+         })
+        palette.setColor(QPalette::All, role, color);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+             QPalette::PlaceholderText, QPalette::HighlightedText})
+        palette.setColor(QPalette::Disabled, role, disabledText());
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, dialog());
+    return palette;
+}
+
+void applyTo(QApplication& application)
+{
+    auto style = std::make_unique<KitStyle>();
+    style->setParent(&application);
+    QApplication::setStyle(style.release());
+    QApplication::setPalette(palette());
+    QFont system = QApplication::font();
+    if (isUnspecific(system.family()))
+        system.setFamilies(QStringList(u"Inter"_s) + system.families());
+    system.setPixelSize(px(body.size));
+    QApplication::setFont(system);
+    installAccessibility();
+}
+
+} // namespace Style

@@ -1,0 +1,244 @@
+#include "ui/kit/Symbols.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal grid = 24;
+constexpr qreal stroke = 1.7;
+
+/// On the grid. Lines that cross must be one path: a translucent colour would show the crossing.
+struct Drawing {
+    QPainterPath lines;
+    QPainterPath filled;
+};
+
+enum class Direction { Fixed, AlongText };
+
+struct Symbol {
+    QLatin1StringView name;
+    Drawing (*draw)();
+    Direction direction = Direction::Fixed;
+};
+
+void line(QPainterPath& path, std::initializer_list<QPointF> points)
+{
+    path.moveTo(*points.begin());
+    std::for_each(points.begin() + 1, points.end(), [&path](QPointF point) { path.lineTo(point); });
+}
+
+QPainterPath lines(std::initializer_list<QPointF> points)
+{
+    QPainterPath path;
+    line(path, points);
+    return path;
+}
+
+QPainterPath circle()
+{
+    QPainterPath path;
+    path.addEllipse(QPointF(12, 12), 9, 9);
+    return path;
+}
+
+void star(QPainterPath& path, QPointF middle, qreal reach)
+{
+    const qreal waist = reach * 0.2;
+    path.moveTo(middle + QPointF(0, -reach));
+    path.quadTo(middle + QPointF(waist, -waist), middle + QPointF(reach, 0));
+    path.quadTo(middle + QPointF(waist, waist), middle + QPointF(0, reach));
+    path.quadTo(middle + QPointF(-waist, waist), middle + QPointF(-reach, 0));
+    path.quadTo(middle + QPointF(-waist, -waist), middle + QPointF(0, -reach));
+}
+
+Drawing sparkles()
+{
+    Drawing drawing;
+    star(drawing.lines, {9.6, 9.6}, 7.2);
+    star(drawing.filled, {18.2, 17.6}, 4.4);
+    return drawing;
+}
+
+Drawing squareGrid()
+{
+    Drawing drawing;
+    for (const QPointF corner :
+        {QPointF(3.2, 3.2), QPointF(13.8, 3.2), QPointF(3.2, 13.8), QPointF(13.8, 13.8)})
+        drawing.lines.addRoundedRect(QRectF(corner, QSizeF(7, 7)), 1.7, 1.7);
+    return drawing;
+}
+
+/// Lying along the x axis around the origin, its jaw to the right.
+QPainterPath wrench()
+{
+    const QRectF head(4.4, -4.4, 8.8, 8.8);
+    QPainterPath path(QPointF(-11.2, -1.7));
+    path.arcTo(head, 157, -131);
+    path.lineTo(9.6, -1.9);
+    path.lineTo(9.6, 1.9);
+    path.arcTo(head, -26, -131);
+    path.lineTo(-11.2, 1.7);
+    path.arcTo(QRectF(-12.9, -1.7, 3.4, 3.4), -90, -180);
+    path.closeSubpath();
+    return path;
+}
+
+/// Lying along the x axis under a wrench that crosses it at the origin, its blade to the left.
+QPainterPath screwdriver()
+{
+    QPainterPath path;
+    line(path, {{-1.9, 0}, {-8.6, 0}, {-10, -1.3}, {-12.6, -1.1}, {-12.6, 1.1}, {-10, 1.3}, {-8.6, 0}});
+    line(path, {{1.9, 0}, {4, 0}});
+    path.addRoundedRect(QRectF(4, -2.2, 9, 4.4), 1.8, 1.8);
+    return path;
+}
+
+Drawing tools()
+{
+    const QTransform middle = QTransform::fromTranslate(12, 12);
+    Drawing drawing{QTransform(middle).rotate(-45).map(wrench()), {}};
+    drawing.lines.addPath(QTransform(middle).rotate(45).map(screwdriver()));
+    return drawing;
+}
+
+Drawing playRectangle()
+{
+    Drawing drawing{{}, lines({{9.6, 8.2}, {16, 12}, {9.6, 15.8}})};
+    drawing.lines.addRoundedRect(QRectF(3, 4.8, 18, 14.4), 2.6, 2.6);
+    return drawing;
+}
+
+Drawing document()
+{
+    QPainterPath path(QPointF(13.6, 3));
+    path.lineTo(7.2, 3);
+    path.quadTo(5.2, 3, 5.2, 5);
+    path.lineTo(5.2, 19);
+    path.quadTo(5.2, 21, 7.2, 21);
+    path.lineTo(16.8, 21);
+    path.quadTo(18.8, 21, 18.8, 19);
+    path.lineTo(18.8, 8.2);
+    path.closeSubpath();
+    line(path, {{13.6, 3}, {13.6, 8.2}, {18.8, 8.2}});
+    line(path, {{8.8, 12.6}, {15.2, 12.6}});
+    line(path, {{8.8, 16.6}, {15.2, 16.6}});
+    return {path, {}};
+}
+
+Drawing checkmarkCircle()
+{
+    Drawing drawing{circle(), {}};
+    line(drawing.lines, {{8, 12.4}, {10.8, 15.2}, {16, 9.2}});
+    return drawing;
+}
+
+Drawing arrowDownCircle()
+{
+    Drawing drawing{circle(), {}};
+    line(drawing.lines, {{12, 7.4}, {12, 16.3}});
+    line(drawing.lines, {{8.4, 12.7}, {12, 16.3}, {15.6, 12.7}});
+    return drawing;
+}
+
+Drawing personCircle()
+{
+    Drawing drawing{circle(), {}};
+    drawing.lines.addEllipse(QPointF(12, 10.2), 3.2, 3.2);
+    drawing.lines.moveTo(6.1, 18.6);
+    drawing.lines.cubicTo(7.3, 15.2, 9.6, 13.9, 12, 13.9);
+    drawing.lines.cubicTo(14.4, 13.9, 16.7, 15.2, 17.9, 18.6);
+    return drawing;
+}
+
+Drawing arrowClockwise()
+{
+    const QRectF round(3.8, 4.6, 16.4, 16.4);
+    QPainterPath path;
+    path.arcMoveTo(round, -4);
+    path.arcTo(round, -4, -314);
+    line(path, {{18.1, 3}, {18.1, 7.6}, {13.5, 7.6}});
+    return {path, {}};
+}
+
+Drawing arrowUpRight()
+{
+    Drawing drawing{lines({{6.8, 17.2}, {17.2, 6.8}}), {}};
+    line(drawing.lines, {{8.6, 6.8}, {17.2, 6.8}, {17.2, 15.4}});
+    return drawing;
+}
+
+Drawing magnifyingGlass()
+{
+    Drawing drawing{lines({{15.6, 15.6}, {20.6, 20.6}}), {}};
+    drawing.lines.addEllipse(QPointF(10.4, 10.4), 7, 7);
+    return drawing;
+}
+
+Drawing shippingBox()
+{
+    Drawing drawing{
+        lines({{12, 2.8}, {20, 7.3}, {20, 16.7}, {12, 21.2}, {4, 16.7}, {4, 7.3}, {12, 2.8}}), {}};
+    line(drawing.lines, {{4, 7.3}, {12, 11.8}, {20, 7.3}});
+    line(drawing.lines, {{12, 11.8}, {12, 21.2}});
+    line(drawing.lines, {{8, 5.1}, {16, 9.6}});
+    return drawing;
+}
+
+Drawing chevronLeft()
+{
+    return {lines({{14, 6}, {8, 12}, {14, 18}}), {}};
+}
+
+Drawing checkmark()
+{
+    return {lines({{4.4, 12.8}, {9.2, 17.6}, {19, 6.8}}), {}};
+}
+
+constexpr std::array symbols{
+    Symbol{"sparkles"_L1, sparkles},
+    Symbol{"square.grid.2x2"_L1, squareGrid},
+    Symbol{"wrench.and.screwdriver"_L1, tools},
+    Symbol{"play.rectangle"_L1, playRectangle},
+    Symbol{"doc.text"_L1, document},
+    Symbol{"checkmark.circle"_L1, checkmarkCircle},
+    Symbol{"arrow.down.circle"_L1, arrowDownCircle},
+    Symbol{"person.crop.circle"_L1, personCircle},
+    Symbol{"arrow.clockwise"_L1, arrowClockwise},
+    Symbol{"arrow.up.right"_L1, arrowUpRight, Direction::AlongText},
+    Symbol{"magnifyingglass"_L1, magnifyingGlass},
+    Symbol{"shippingbox"_L1, shippingBox},
+    Symbol{"chevron.left"_L1, chevronLeft, Direction::AlongText},
+    Symbol{"checkmark"_L1, checkmark},
+};
+
+} // namespace
+
+void drawSymbol(QPainter& painter, QStringView name, const QRectF& box, const QColor& color)
+{
+    const auto* symbol =
+        std::ranges::find_if(symbols, [name](const Symbol& each) { return each.name == name; });
+    Q_ASSERT_X(symbol != symbols.end(), "drawSymbol", "unknown symbol");
+    if (symbol == symbols.end())
+        return;
+
+    const qreal scale = qMin(box.width(), box.height()) / grid;
+    const bool mirrored =
+        symbol->direction == Direction::AlongText && painter.layoutDirection() == Qt::RightToLeft;
+    const Drawing drawing = symbol->draw();
+
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(box.center());
+    painter.scale(mirrored ? -scale : scale, scale);
+    painter.translate(-grid / 2, -grid / 2);
+    painter.strokePath(drawing.lines, QPen(color, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(drawing.filled, color);
+    painter.restore();
+}
