@@ -12,7 +12,6 @@ Fact fact(const QString& caption, const QString& value)
 DetailPage detail(const StoreApp& app)
 {
     DetailPage page {
-        .back = u"Назад к приложениям"_s,
         .app = app,
         .author = u"Orbanel"_s,
         .facts = {

@@ -16,7 +16,6 @@ Fact fact(const QString& caption, const QString& value);
 
 /// The page of one entry, from top to bottom.
 struct DetailPage {
-    QString back;
     /// The entry itself: its name, icon and buttons head the page.
     StoreApp app;
     QString author;

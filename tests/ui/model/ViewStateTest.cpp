@@ -69,7 +69,8 @@ TEST_F(ViewStateTest, TheSearchLooksInNameSubtitleAndDescriptionAsOneText)
     for (const auto& [search, expected] : {
              Case {u" "_s, {brisko.id, kadrilo.id}},
              Case {u"BRISKO АККУРАТНО"_s, {brisko.id}},
-             Case {u"фотографии\u0306"_s, {}},
+             Case {u"фотографии\u0306"_s, {kadrilo.id}},
+             Case {u"фотографии"_s, {}},
              Case {u"места они"_s, {brisko.id}},
              Case {u"места  они"_s, {}},
              Case {u"сразу. "_s, {}},

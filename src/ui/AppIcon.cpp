@@ -1,0 +1,55 @@
+#include "ui/AppIcon.h"
+
+#include "platform/Platform.h"
+#include "ui/ResourceImage.h"
+#include "ui/kit/Accessibility.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+AppIcon::AppIcon(Style::Length size, QWidget* parent)
+    : QWidget(parent)
+    , m_size(size)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    makeDecorative(*this);
+    setVisible(false);
+}
+
+void AppIcon::present(const QString& name)
+{
+    m_name = name;
+    load();
+    setVisible(!m_image.isNull());
+    update();
+}
+
+void AppIcon::load()
+{
+    const qreal ratio = devicePixelRatio();
+    const Path file = Platform::current().bundles->mainResources() / toPath(m_name + ".icns"_L1);
+    m_image = fitted(loadImage(file, int(std::ceil(m_size * ratio))), QSizeF(m_size, m_size), ratio);
+}
+
+QRectF AppIcon::imageRect() const
+{
+    QRectF frame({}, m_image.deviceIndependentSize());
+    frame.moveCenter(QRectF(rect()).center());
+    return frame;
+}
+
+QSize AppIcon::sizeHint() const
+{
+    return {m_size, m_size};
+}
+
+void AppIcon::paintEvent(QPaintEvent*)
+{
+    // The window may have moved to a screen of another density.
+    if (m_image.devicePixelRatio() != devicePixelRatio())
+        load();
+    QPainter(this).drawImage(imageRect().topLeft(), m_image);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ui/kit/Style.h"
+
+#include <QImage>
+#include <QWidget>
+
+/// The icon of an application in a square of its own. Decorative; hidden, and without room, when there is no icon that
+/// can be read.
+class AppIcon : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit AppIcon(Style::Length size = Style::rowIcon, QWidget* parent = nullptr);
+
+    /// Reads the icon of the application with that name from the bundle.
+    void present(const QString& name);
+
+    /// The picture as it is drawn; null when there is none.
+    const QImage& image() const { return m_image; }
+    /// Where the picture lies in this widget.
+    QRectF imageRect() const;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void load();
+
+    int m_size;
+    QString m_name;
+    QImage m_image;
+};

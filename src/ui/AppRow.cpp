@@ -1,0 +1,55 @@
+#include "ui/AppRow.h"
+
+#include "ui/ActionButtons.h"
+#include "ui/AppIcon.h"
+#include "ui/kit/PlainButton.h"
+#include "ui/kit/ProminentButton.h"
+#include "ui/kit/Stacks.h"
+#include "ui/kit/SymbolButton.h"
+#include "ui/kit/TextLabel.h"
+#include "ui/model/AppRowContent.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+AppRow::AppRow(Store& store, QWidget* parent)
+    : QWidget(parent)
+    , m_icon(new AppIcon(Style::rowIcon))
+    , m_iconButton(new PlainButton)
+    , m_textButton(new PlainButton)
+    , m_name(new TextLabel({.style = Style::rowName}))
+    , m_subtitle(new TextLabel({.style = Style::rowSubtitle, .color = Style::secondaryText()}))
+    , m_meta(new TextLabel({.style = Style::rowMeta, .color = Style::secondaryText()}))
+    , m_actions(new ActionButtons(store))
+{
+    m_iconButton->setContent(hstack({}, {m_icon}));
+    m_textButton->setContent(vstack({.spacing = Style::rowLineSpacing}, {m_name, m_subtitle, m_meta}));
+    // The halo of a button needs room inside the row.
+    const int x = Style::bleedX;
+    const int y = Style::bleedY;
+    setContentsMargins(x, y, x, y);
+    setLayout(hstack({.spacing = Style::rowSpacing}, {m_iconButton, stretched(m_textButton), m_actions}));
+
+    for (PlainButton* button : {m_iconButton, m_textButton})
+        connect(button, &QAbstractButton::clicked, this, [this] { Q_EMIT opened(StoreApp(m_app)); });
+}
+
+void AppRow::present(const StoreApp& app)
+{
+    m_app = app;
+    const AppRowContent content = appRow(app);
+    m_icon->present(app.name);
+    m_iconButton->setVisible(!m_icon->image().isNull());
+    m_iconButton->setAccessibleName(content.iconAccessibleName);
+    m_name->setText(content.name);
+    m_subtitle->setText(content.subtitle);
+    m_meta->setText(content.meta);
+    m_textButton->setAccessibleName(QStringList {content.name, content.subtitle, content.meta}.join(u", "_s));
+    m_actions->present(app);
+}
+
+std::array<QWidget*, 4> AppRow::tabStops() const
+{
+    return {m_iconButton, m_textButton, m_actions->primary(), m_actions->save()};
+}

@@ -1,0 +1,78 @@
+#include "ui/CatalogPageView.h"
+
+#include "ui/AppRowList.h"
+#include "ui/EmptyStateView.h"
+#include "ui/FeaturedCardView.h"
+#include "ui/kit/Divider.h"
+#include "ui/kit/Stacks.h"
+#include "ui/kit/TextLabel.h"
+
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+CatalogPageView::CatalogPageView(Store& store, QWidget* parent)
+    : PageScroll(parent)
+    , m_title(new TextLabel({.style = Style::pageTitle, .lines = Lines::Wrapped}))
+    , m_subtitle(
+          new TextLabel({.style = Style::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+    , m_featured(new FeaturedCardView)
+    , m_empty(new EmptyStateView)
+    , m_listTitle(new TextLabel({.style = Style::collectionTitle, .lines = Lines::Wrapped}))
+    , m_rows(new AppRowList(store))
+    , m_footer(new QWidget)
+    , m_footerText(new TextLabel({.style = Style::footerNote,
+          .color = Style::secondaryText(),
+          .lines = Lines::Wrapped,
+          .symbol = u"shippingbox"_s,
+          .symbolSize = Style::noteSymbol,
+          .symbolGap = Style::noteSpacing}))
+{
+    m_footer->setLayout(vstack({.spacing = Style::pageSpacing}, {new Divider, m_footerText}));
+    setPage(vstack({.spacing = Style::pageSpacing},
+        {
+            vstack({.spacing = Style::headerSpacing}, {m_title, m_subtitle}),
+            m_featured,
+            m_empty,
+            m_listTitle,
+            bleeding(m_rows),
+            m_footer,
+        }));
+
+    connect(m_featured, &FeaturedCardView::opened, this, &CatalogPageView::opened);
+    connect(m_rows, &AppRowList::opened, this, &CatalogPageView::opened);
+    connect(m_rows, &AppRowList::placed, this, &CatalogPageView::showRowsInView);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CatalogPageView::showRowsInView);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &CatalogPageView::showRowsInView);
+}
+
+void CatalogPageView::present(const CatalogPage& page)
+{
+    m_title->setText(page.header.title);
+    m_subtitle->setText(page.header.subtitle);
+
+    m_featured->setVisible(page.featured.has_value());
+    if (page.featured)
+        m_featured->present(*page.featured);
+
+    const auto* const empty = std::get_if<EmptyState>(&page.body);
+    m_empty->setVisible(empty != nullptr);
+    if (empty)
+        m_empty->present(*empty);
+
+    const auto* const list = std::get_if<AppList>(&page.body);
+    m_listTitle->setVisible(list && list->title);
+    m_listTitle->setText(list ? list->title.value_or(QString()) : QString());
+    m_rows->setVisible(list != nullptr);
+    m_rows->present(list ? *list : AppList());
+
+    m_footer->setVisible(page.footer.has_value());
+    m_footerText->setText(page.footer.value_or(QString()));
+}
+
+void CatalogPageView::showRowsInView()
+{
+    const int top = m_rows->mapFrom(viewport(), QPoint()).y();
+    m_rows->setView(top, top + viewport()->height());
+}

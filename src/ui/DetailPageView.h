@@ -1,0 +1,56 @@
+#pragma once
+
+#include "store/Store.h"
+#include "ui/kit/PageScroll.h"
+#include "ui/model/DetailPage.h"
+
+class ActionButtons;
+class AppIcon;
+class LabelButton;
+class ScreenshotView;
+class SelectableText;
+class TextLabel;
+class QBoxLayout;
+
+/// The page of one entry. Presenting moves nothing but what has changed.
+class DetailPageView : public PageScroll {
+    Q_OBJECT
+
+public:
+    /// `store` outlives the page.
+    explicit DetailPageView(Store& store, QWidget* parent = nullptr);
+
+    void present(const DetailPage& page);
+
+    /// What takes the focus when the page opens.
+    QWidget* firstStop() const;
+
+Q_SIGNALS:
+    void back();
+
+private:
+    struct FactLabels {
+        TextLabel* caption = nullptr;
+        TextLabel* value = nullptr;
+    };
+
+    QLayout* header();
+    QLayout* facts();
+    void presentFeatures(const QStringList& features);
+
+    LabelButton* m_back;
+    AppIcon* m_icon;
+    TextLabel* m_name;
+    TextLabel* m_subtitle;
+    TextLabel* m_author;
+    ActionButtons* m_actions;
+    std::array<FactLabels, 4> m_facts;
+    TextLabel* m_headline;
+    SelectableText* m_description;
+    QBoxLayout* m_featureRow;
+    std::vector<TextLabel*> m_features;
+    ScreenshotView* m_screenshot;
+    TextLabel* m_installTitle;
+    TextLabel* m_installText;
+    TextLabel* m_signingNote;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "ui/kit/Card.h"
+#include "ui/kit/Shapes.h"
+#include "ui/model/CatalogPage.h"
+
+class AppIcon;
+class TextLabel;
+
+/// The large card of the overview.
+class FeaturedCardView : public Card {
+    Q_OBJECT
+
+public:
+    explicit FeaturedCardView(QWidget* parent = nullptr);
+
+    void present(const FeaturedCard& card);
+
+Q_SIGNALS:
+    void opened(const StoreApp& app);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    StoreApp m_target;
+    TextLabel* m_slogan;
+    TextLabel* m_name;
+    TextLabel* m_summary;
+    TextLabel* m_action;
+    AppIcon* m_icon;
+    Shadow m_shadow;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Path.h"
+
+#include <QImage>
+#include <QWidget>
+
+#include <optional>
+
+/// A picture in a frame with continuous corners, as wide as the column up to a limit. Hidden, and without room, when
+/// there is no picture that can be read.
+class ScreenshotView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ScreenshotView(QWidget* parent = nullptr);
+
+    /// Reads the picture in this file; none shows nothing.
+    void present(const std::optional<Path>& file, const QString& accessibleName);
+
+    QSize sizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage m_image;
+    /// The picture at the size in which it was drawn last.
+    QImage m_fitted;
+};

@@ -1,0 +1,112 @@
+#include "ui/UiTest.h"
+
+#include "ui/kit/Style.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QBuffer>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The one application of this test program.
+class UiApplication : public testing::Environment {
+public:
+    void SetUp() override
+    {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("XDG_RUNTIME_DIR", m_runtime.path().toLocal8Bit());
+        static int argumentCount = 1;
+        static char name[] = "ui_tests";
+        static char* arguments[] = {name, nullptr};
+        m_application = std::make_unique<QApplication>(argumentCount, arguments);
+        Style::applyTo(*m_application);
+        QAccessible::setActive(true);
+    }
+    void TearDown() override { m_application.reset(); }
+
+private:
+    QTemporaryDir m_runtime;
+    std::unique_ptr<QApplication> m_application;
+};
+
+[[maybe_unused]] const auto* const application = testing::AddGlobalTestEnvironment(new UiApplication);
+
+}
+
+QByteArray UiTest::png(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray file;
+    QBuffer buffer(&file);
+    image.save(&buffer, "PNG");
+    return file;
+}
+
+UiTest::UiTest()
+{
+    for (const char* name : {"Brisko.icns", "Kadrilo.icns", "Brand.png"})
+        platform.files.content[platform.resource(name)] = png(64, 64);
+    platform.files.content[platform.resource("BriskoScreen.png")] = png(136, 85);
+    platform.files.content[brisko.packageURL()] = "archive of Brisko";
+    platform.savePanel.answer = "/home/user/Downloads/Brisko-2.4.zip";
+}
+
+StoreView& UiTest::open(const Catalog& apps)
+{
+    platform.files.content[platform.resource("catalog.json")] = sample::catalogFile(apps);
+    m_view.reset();
+    m_store = std::make_unique<Store>();
+    m_view = std::make_unique<StoreView>(*m_store);
+    m_view->resize(1180, 800);
+    m_view->show();
+    m_view->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(m_view.get()));
+    m_view->setFocus();
+    settle();
+    return *m_view;
+}
+
+void UiTest::settle()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+QAbstractButton* UiTest::button(const QString& name, int index) const
+{
+    QList<QAbstractButton*> found;
+    for (QAbstractButton* candidate : m_view->window()->findChildren<QAbstractButton*>()) {
+        const QString own = candidate->accessibleName().isEmpty() ? candidate->text() : candidate->accessibleName();
+        if (candidate->isVisible() && own == name)
+            found.append(candidate);
+    }
+    std::ranges::sort(found, {}, [](QWidget* widget) { return widget->mapToGlobal(QPoint()).y(); });
+    EXPECT_LT(index, found.size()) << "no button " << name.toStdString();
+    return found.value(index);
+}
+
+void UiTest::press(const QString& name, int index)
+{
+    QTest::mouseClick(button(name, index), Qt::LeftButton);
+    settle();
+}
+
+Catalog UiTest::many(int count)
+{
+    const QByteArray icon = png(64, 64);
+    Catalog apps;
+    for (int number = 0; number < count; ++number) {
+        StoreApp app = sample::brisko();
+        app.id = u"app%1"_s.arg(number);
+        app.name = u"Brisko %1"_s.arg(number);
+        platform.files.content[platform.resource(toPath(app.name + u".icns"_s))] = icon;
+        apps.push_back(app);
+    }
+    return apps;
+}
