@@ -1,0 +1,33 @@
+#include "app/window/MenuBar.h"
+
+#include "ui/kit/Style.h"
+
+#include <QStyleOption>
+
+MenuBar::MenuBar(QWidget* parent)
+    : QMenuBar(parent)
+{
+    // A menu bar outside the window would have to be asked for over the bus before the window can be shown.
+    setNativeMenuBar(false);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, Style::menuBar());
+    setPalette(colors);
+    setFont(Style::font(Style::menu));
+    for (const Menu& menu : menus()) {
+        QMenu* const shown = addMenu(menu.title);
+        for (const MenuItem& item : menu.items) {
+            if (item.opensGroup)
+                shown->addSeparator();
+            QAction* const action = shown->addAction(item.title);
+            action->setShortcut(item.shortcut);
+            connect(action, &QAction::triggered, this, [this, command = item.command] { Q_EMIT chosen(command); });
+        }
+    }
+}
+
+/// The program's own menu, the first one, stands out.
+void MenuBar::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
+{
+    QMenuBar::initStyleOption(option, action);
+    option->font = Style::font(action == actions().constFirst() ? Style::menuName : Style::menu);
+}

@@ -1,0 +1,94 @@
+#include "app/window/PloviStoreMain.h"
+
+#include "platform/Platform.h"
+#include "platform/desktop/DesktopBundles.h"
+#include "platform/desktop/DesktopFileManager.h"
+#include "platform/desktop/DesktopFiles.h"
+#include "platform/session/DesktopJobs.h"
+#include "platform/session/DesktopSavePanel.h"
+#include "platform/session/DesktopWorkspace.h"
+#include "platform/session/SingleInstance.h"
+#include "ui/kit/Style.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QPointer>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The roles of this machine, installed as long as they live.
+struct DesktopPlatform {
+    DesktopBundles bundles;
+    DesktopFiles files;
+    DesktopFileManager fileManager;
+    DesktopWorkspace workspace;
+    DesktopSavePanel savePanel {&QApplication::activeWindow};
+    // Destroyed before the other roles: its last work uses them.
+    DesktopJobs jobs;
+    PlatformScope scope {Platform {&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
+};
+
+/// The program speaks Russian wherever it runs, and so do the dialogs and menus that Qt brings.
+void speakRussian(QTranslator& translator)
+{
+    if (translator.load(u"qtbase_ru"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
+}
+
+}
+
+int PloviStoreMain::run(int argc, char* argv[])
+{
+    QPointer<StoreWindow> window;
+    SingleInstance instance([&window] {
+        if (window)
+            window->raiseToFront();
+    });
+    if (instance.claim() == SingleInstance::Role::Second)
+        return 0;
+
+    // Nothing here draws with OpenGL, and setting it up would delay the window. What the store opens may want it.
+    const char* const drawing = "QT_XCB_GL_INTEGRATION";
+    const bool isChosen = qEnvironmentVariableIsSet(drawing);
+    if (!isChosen)
+        qputenv(drawing, "none");
+    QApplication application(argc, argv);
+    if (!isChosen)
+        qunsetenv(drawing);
+
+    QApplication::setApplicationName(u"PloviStore"_s);
+    QApplication::setApplicationVersion(QStringLiteral(PLOVI_VERSION));
+    QApplication::setDesktopFileName(u"org.orbanel.PloviStore"_s);
+    Style::applyTo(application);
+    QTranslator translator;
+    speakRussian(translator);
+    const DesktopPlatform platform;
+
+    PloviStoreMain program;
+    window = &program.m_window;
+    window->show();
+    return QApplication::exec();
+}
+
+PloviStoreMain::PloviStoreMain()
+    : m_window(m_store)
+{
+    // A save that still runs when the window is closed is finished first.
+    QApplication::setQuitOnLastWindowClosed(false);
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_window, [this] { quitWhenDone(); });
+    QObject::connect(
+        &m_store, &Store::objectWillChange, &m_window, [this] { quitWhenDone(); }, Qt::QueuedConnection);
+    QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_window, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive)
+            m_window.refresh();
+    });
+}
+
+void PloviStoreMain::quitWhenDone()
+{
+    if (!m_window.isVisible() && m_store.busy->empty())
+        QApplication::quit();
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/window/Menus.h"
+#include "store/Store.h"
+
+#include <QMainWindow>
+
+class MessageSheet;
+class StoreView;
+
+/// The one window: the menu bar above the store.
+class StoreWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// `store` outlives the window.
+    explicit StoreWindow(Store& store, QWidget* parent = nullptr);
+
+    /// Shows the window and asks the desktop to bring it to the front.
+    void raiseToFront();
+    void refresh();
+
+private:
+    void run(Command command);
+    void showAbout();
+
+    StoreView* m_view;
+    MessageSheet* m_about = nullptr;
+};
