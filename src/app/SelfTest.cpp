@@ -27,12 +27,12 @@ using Checked = tl::expected<T, Ending>;
 
 tl::unexpected<Ending> failed(const Failure& failure)
 {
-    return tl::unexpected(Ending {1, failure.localizedDescription});
+    return tl::unexpected(Ending{1, failure.localizedDescription});
 }
 
 tl::unexpected<Ending> stopped(const QString& message)
 {
-    return tl::unexpected(Ending {2, "Fatal error: "_L1 + message});
+    return tl::unexpected(Ending{2, "Fatal error: "_L1 + message});
 }
 
 bool writeLine(std::FILE* stream, const QString& line)
@@ -58,10 +58,11 @@ Checked<QString> checkedArchive(const StoreApp& app)
 {
     Sha256 hasher;
     qint64 bytes = 0;
-    const auto read = Platform::current().files->readInBlocks(app.packageURL(), [&](std::span<const std::byte> block) {
-        hasher.update(block);
-        bytes += qint64(block.size());
-    });
+    const auto read =
+        Platform::current().files->readInBlocks(app.packageURL(), [&](std::span<const std::byte> block) {
+            hasher.update(block);
+            bytes += qint64(block.size());
+        });
     if (!read)
         return failed(read.error());
     const QString digest = hasher.finalize();
@@ -94,7 +95,7 @@ Checked<void> checkBundle(std::FILE* report)
     return {};
 }
 
-}
+} // namespace
 
 int runSelfTest(SelfTestOutput output)
 {

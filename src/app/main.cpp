@@ -34,7 +34,7 @@ int window(const Bundles& bundles, int argc, char* argv[])
     return run(argc, argv);
 }
 
-}
+} // namespace
 
 int main(int argc, char* argv[])
 {

@@ -16,7 +16,7 @@ using Bytes = std::span<const std::byte>;
 
 tl::unexpected<Failure> failure(CatalogError error, const QString& description)
 {
-    return tl::unexpected(Failure {catalogDomain, static_cast<int>(error), description});
+    return tl::unexpected(Failure{catalogDomain, static_cast<int>(error), description});
 }
 
 QString toText(std::string_view utf8)
@@ -32,15 +32,16 @@ Result<dom::element> parse(dom::parser& parser, Bytes json)
     if (fault == simdjson::SUCCESS)
         return document;
 
-    // simdjson does not say where it stopped, and it refuses numbers that are JSON but fit no number of C++. Qt's
-    // slower parser finds the place, or writes the document again with such numbers rounded.
-    const QByteArray text
-        = QByteArray::fromRawData(reinterpret_cast<const char*>(json.data()), qsizetype(json.size()));
+    // simdjson does not say where it stopped, and it refuses numbers that are JSON but fit no number of C++.
+    // Qt's slower parser finds the place, or writes the document again with such numbers rounded.
+    const QByteArray text =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(json.data()), qsizetype(json.size()));
     QJsonParseError error;
     const QJsonDocument second = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
         const qsizetype line = text.first(std::min<qsizetype>(error.offset, text.size())).count('\n') + 1;
-        return failure(CatalogError::NotJson, u"Файл каталога повреждён: ошибка JSON в строке %1."_s.arg(line));
+        return failure(
+            CatalogError::NotJson, u"Файл каталога повреждён: ошибка JSON в строке %1."_s.arg(line));
     }
     const QByteArray rounded = second.toJson(QJsonDocument::Compact);
     if (fault == simdjson::NUMBER_ERROR
@@ -53,14 +54,13 @@ Result<dom::element> parse(dom::parser& parser, Bytes json)
 /// skipped.
 class EntryReader {
 public:
-    EntryReader(dom::object object, qsizetype position)
-        : m_object(object)
-        , m_position(position)
-    {
-    }
+    EntryReader(dom::object object, qsizetype position) : m_object(object), m_position(position) { }
 
     QString text(CodingKeys key) { return toText(value<std::string_view>(key, u"текст"_s).value_or("")); }
-    qint64 integer(CodingKeys key) { return value<std::int64_t>(key, u"целое число меньше 2⁶³"_s).value_or(0); }
+    qint64 integer(CodingKeys key)
+    {
+        return value<std::int64_t>(key, u"целое число меньше 2⁶³"_s).value_or(0);
+    }
     QStringList texts(CodingKeys key)
     {
         const QString expected = u"список текстов"_s;
@@ -108,9 +108,10 @@ private:
         else if (error == CatalogError::NullValue)
             text = u"В записи %1 каталога у ключа «%2» нет значения (null)."_s;
         else
-            text = u"В записи %1 каталога у ключа «%2» неверное значение: здесь ожидается "_s + expected + u'.';
-        m_failure = Failure {
-            catalogDomain, static_cast<int>(error), text.arg(m_position).arg(toText(keyText(key)))};
+            text =
+                u"В записи %1 каталога у ключа «%2» неверное значение: здесь ожидается "_s + expected + u'.';
+        m_failure =
+            Failure{catalogDomain, static_cast<int>(error), text.arg(m_position).arg(toText(keyText(key)))};
     }
 
     dom::object m_object;
@@ -126,7 +127,7 @@ Result<StoreApp> decodeEntry(dom::element element, qsizetype position)
 
     // The members of a braced list are read in the order in which they stand, which is the order of the keys.
     EntryReader reader(object, position);
-    StoreApp app {
+    StoreApp app{
         .id = reader.text(CodingKeys::id),
         .name = reader.text(CodingKeys::name),
         .category = reader.text(CodingKeys::category),
@@ -148,7 +149,7 @@ Result<StoreApp> decodeEntry(dom::element element, qsizetype position)
     return app;
 }
 
-}
+} // namespace
 
 Result<Catalog> decodeCatalog(Bytes json)
 {
@@ -174,7 +175,6 @@ Result<Catalog> decodeCatalog(Bytes json)
 Result<Catalog> readCatalog()
 {
     const Platform& platform = Platform::current();
-    return platform.files->read(platform.bundles->mainResources() / "catalog.json").and_then([](const Buffer& json) {
-        return decodeCatalog(json.bytes());
-    });
+    return platform.files->read(platform.bundles->mainResources() / "catalog.json")
+        .and_then([](const Buffer& json) { return decodeCatalog(json.bytes()); });
 }

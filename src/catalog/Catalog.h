@@ -15,9 +15,9 @@ inline constexpr QLatin1StringView catalogDomain("Catalog");
 
 enum class CatalogError { NotJson, NotAList, NotAnEntry, MissingKey, NullValue, WrongType };
 
-/// Reads a catalog file: UTF-8 JSON (RFC 8259), an array of objects that carry all fifteen keys. Other keys are
-/// ignored. Fails as a whole: the failure names the line of broken JSON, or the entry, counted from 1, and its first
-/// offending key in the order of `CodingKeys`. Any bytes are safe. Any thread.
+/// Reads a catalog file: UTF-8 JSON (RFC 8259), an array of objects that carry all fifteen keys. Other keys
+/// are ignored. Fails as a whole: the failure names the line of broken JSON, or the entry, counted from 1,
+/// and its first offending key in the order of `CodingKeys`. Any bytes are safe. Any thread.
 Result<Catalog> decodeCatalog(std::span<const std::byte> json);
 
 /// Reads `catalog.json` in the program's resource folder. Any thread.

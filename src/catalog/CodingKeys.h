@@ -24,9 +24,22 @@ enum class CodingKeys {
     bytes,
 };
 
-inline constexpr std::array<std::string_view, 15> codingKeyTexts {
-    "id", "name", "category", "subtitle", "headline", "description", "tint", "version",
-    "bundleID", "minimum", "archive", "sha256", "architecture", "features", "bytes",
+inline constexpr std::array<std::string_view, 15> codingKeyTexts{
+    "id",
+    "name",
+    "category",
+    "subtitle",
+    "headline",
+    "description",
+    "tint",
+    "version",
+    "bundleID",
+    "minimum",
+    "archive",
+    "sha256",
+    "architecture",
+    "features",
+    "bytes",
 };
 
 /// The key as it is spelled in the file.

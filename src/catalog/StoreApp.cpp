@@ -11,10 +11,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array textFields {
-    &StoreApp::id, &StoreApp::name, &StoreApp::category, &StoreApp::subtitle, &StoreApp::headline,
-    &StoreApp::description, &StoreApp::tint, &StoreApp::version, &StoreApp::bundleID, &StoreApp::minimum,
-    &StoreApp::archive, &StoreApp::sha256, &StoreApp::architecture,
+constexpr std::array textFields{
+    &StoreApp::id,
+    &StoreApp::name,
+    &StoreApp::category,
+    &StoreApp::subtitle,
+    &StoreApp::headline,
+    &StoreApp::description,
+    &StoreApp::tint,
+    &StoreApp::version,
+    &StoreApp::bundleID,
+    &StoreApp::minimum,
+    &StoreApp::archive,
+    &StoreApp::sha256,
+    &StoreApp::architecture,
 };
 
 }
@@ -27,7 +37,8 @@ QString StoreApp::size() const
 QString StoreApp::compatibility() const
 {
     const bool runsOnIntel = architecture.contains("x86_64"_L1);
-    return "macOS "_L1 + minimum + u"+ · "_s + (runsOnIntel ? u"Apple Silicon и Intel"_s : u"Apple Silicon"_s);
+    return "macOS "_L1 + minimum + u"+ · "_s
+        + (runsOnIntel ? u"Apple Silicon и Intel"_s : u"Apple Silicon"_s);
 }
 
 QString StoreApp::searchText() const
@@ -53,7 +64,8 @@ std::optional<Path> StoreApp::installedURL() const
 
 bool StoreApp::operator==(const StoreApp& other) const
 {
-    return std::ranges::all_of(textFields, [&](auto field) { return canonicallyEqual(this->*field, other.*field); })
+    return std::ranges::all_of(
+               textFields, [&](auto field) { return canonicallyEqual(this->*field, other.*field); })
         && std::ranges::equal(features, other.features, canonicallyEqual) && bytes == other.bytes;
 }
 

@@ -8,8 +8,8 @@
 #include <functional>
 #include <optional>
 
-/// One catalogued application: the texts that describe it, and the name, size and digest of its archive. A value
-/// that nobody changes once it is in a catalog. Texts are shown as they stand in the catalog file.
+/// One catalogued application: the texts that describe it, and the name, size and digest of its archive. A
+/// value that nobody changes once it is in a catalog. Texts are shown as they stand in the catalog file.
 struct StoreApp {
     /// The identity: unique within a catalog, the key of rows and of what the store remembers.
     QString id;
@@ -44,8 +44,8 @@ struct StoreApp {
     QString searchText() const;
     /// Where the archive lies in the program's own bundle. The file may be missing.
     Path packageURL() const;
-    /// Where the application is installed, as of now: under its name in /Applications or ~/Applications with the
-    /// right identifier, else where the system knows that identifier. Main thread.
+    /// Where the application is installed, as of now: under its name in /Applications or ~/Applications with
+    /// the right identifier, else where the system knows that identifier. Main thread.
     std::optional<Path> installedURL() const;
 
     /// All fields are equal; texts under canonical equivalence.

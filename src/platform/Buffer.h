@@ -5,7 +5,8 @@
 #include <span>
 
 /// A block of memory for the content of a whole file. Movable, not copyable; freed at once with the object.
-/// Large blocks ask the system for large pages, because the first touch of a small page costs more than its copy.
+/// Large blocks ask the system for large pages, because the first touch of a small page costs more than its
+/// copy.
 class Buffer {
 public:
     Buffer() = default;

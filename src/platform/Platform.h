@@ -7,8 +7,8 @@
 #include "platform/SavePanel.h"
 #include "platform/Workspace.h"
 
-/// The machine as the program sees it: one role for each kind of service. The only thing that is global, so that
-/// an entry can say where its archive lies without being handed the machine.
+/// The machine as the program sees it: one role for each kind of service. The only thing that is global, so
+/// that an entry can say where its archive lies without being handed the machine.
 struct Platform {
     Bundles* bundles = nullptr;
     Files* files = nullptr;

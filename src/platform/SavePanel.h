@@ -23,7 +23,7 @@ public:
     SavePanel& operator=(const SavePanel&) = delete;
     virtual ~SavePanel() = default;
 
-    /// Asks, and returns when the user has answered: the destination, whose name ends in `.zip` and which the user
-    /// agreed to replace if it exists; none when the user cancelled. Runs a nested event loop.
+    /// Asks, and returns when the user has answered: the destination, whose name ends in `.zip` and which the
+    /// user agreed to replace if it exists; none when the user cancelled. Runs a nested event loop.
     virtual std::optional<Path> runModal(const SavePanelSetup& setup) = 0;
 };

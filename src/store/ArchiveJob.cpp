@@ -19,7 +19,7 @@ Result<void> checkAndWrite(const StoreApp& app, const Buffer& archive, const Pat
     return Platform::current().files->writeAtomically(destination, archive.bytes());
 }
 
-}
+} // namespace
 
 Failure damagedArchive()
 {

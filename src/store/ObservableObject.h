@@ -4,7 +4,8 @@
 
 #include <thread>
 
-/// An object that announces every change of itself before the change happens. Belongs to the thread that made it.
+/// An object that announces every change of itself before the change happens. Belongs to the thread that made
+/// it.
 class ObservableObject : public QObject {
     Q_OBJECT
 

@@ -9,9 +9,7 @@ template <class T>
 class Published {
 public:
     /// `owner` outlives the property.
-    explicit Published(ObservableObject& owner, T initial = {})
-        : m_owner(owner)
-        , m_value(std::move(initial))
+    explicit Published(ObservableObject& owner, T initial = {}) : m_owner(owner), m_value(std::move(initial))
     {
     }
 

@@ -39,7 +39,8 @@ void Store::launch(const StoreApp& app)
         *place, [store = QPointer(this), name = app.name, jobs = platform.jobs](const Result<void>& outcome) {
             if (outcome)
                 return;
-            const QString text = u"Не удалось открыть "_s + name + u": "_s + outcome.error().localizedDescription;
+            const QString text =
+                u"Не удалось открыть "_s + name + u": "_s + outcome.error().localizedDescription;
             jobs->onMainThread([store, text] {
                 if (store)
                     store->message.set(text);
@@ -47,7 +48,8 @@ void Store::launch(const StoreApp& app)
         });
 }
 
-// The entry is taken by value into every step: the panel's event loop and the background job outlive the caller's.
+// The entry is taken by value into every step: the panel's event loop and the background job outlive the
+// caller's.
 void Store::save(const StoreApp& app)
 {
     if (busy->contains(app.id))
@@ -78,11 +80,11 @@ void Store::finishSaving(const StoreApp& app, const Path& destination, const Res
         saved.insert(app.id);
         Platform::current().workspace->reveal(destination);
         message.set(app.name + u" сохранён. Распакуйте ZIP и перенесите "_s + app.name
-            + u".app в папку «Программы». Сборка подписана локально и не прошла нотарификацию Apple; macOS может "
+            + u".app в папку «Программы». Сборка подписана локально и не прошла нотарификацию Apple; macOS "
+              u"может "
               u"запросить разрешение на первый запуск."_s);
     } else {
-        message.set(
-            u"Не удалось сохранить "_s + app.name + u": "_s + outcome.error().localizedDescription);
+        message.set(u"Не удалось сохранить "_s + app.name + u": "_s + outcome.error().localizedDescription);
     }
     busy.remove(app.id);
 }

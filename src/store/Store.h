@@ -4,8 +4,8 @@
 #include "platform/Text.h"
 #include "store/Published.h"
 
-/// Everything that the window shows of the catalog, and the two things that a user does with it. One per process;
-/// lives on the main thread, holds no lock.
+/// Everything that the window shows of the catalog, and the two things that a user does with it. One per
+/// process; lives on the main thread, holds no lock.
 class Store final : public ObservableObject {
     Q_OBJECT
 
@@ -14,25 +14,25 @@ public:
     Store();
 
     /// The catalog in the order of its file. Never changes after the creation.
-    Published<Catalog> apps {*this};
+    Published<Catalog> apps{*this};
     /// What the user is to be told next; a newer message replaces one that waits.
-    Published<std::optional<QString>> message {*this};
+    Published<std::optional<QString>> message{*this};
     /// The ids of the entries whose archive is being saved.
-    Published<TextSet> busy {*this};
+    Published<TextSet> busy{*this};
     /// The ids of the entries whose archive was saved in this run.
-    Published<TextSet> saved {*this};
+    Published<TextSet> saved{*this};
     /// Has no meaning of its own: a change of it makes every view look at the machine again.
-    Published<qint64> revision {*this, 0};
+    Published<qint64> revision{*this, 0};
 
-    /// What a search looks in, in the order of `apps`. Made at the first call: folding every text is too dear for the
-    /// start and for a keystroke.
+    /// What a search looks in, in the order of `apps`. Made at the first call: folding every text is too dear
+    /// for the start and for a keystroke.
     const std::vector<SearchText>& searchTexts() const;
 
-    /// Opens the installed application, or saves the archive of one that is not installed. A failure to open becomes
-    /// the message, later.
+    /// Opens the installed application, or saves the archive of one that is not installed. A failure to open
+    /// becomes the message, later.
     void launch(const StoreApp& app);
-    /// Asks where to save the archive and saves it in the background; the outcome becomes the message. Does nothing
-    /// while that entry is being saved. Runs the save panel's nested event loop.
+    /// Asks where to save the archive and saves it in the background; the outcome becomes the message. Does
+    /// nothing while that entry is being saved. Runs the save panel's nested event loop.
     void save(const StoreApp& app);
 
 private:

@@ -10,9 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-AppIcon::AppIcon(Style::Length size, QWidget* parent)
-    : QWidget(parent)
-    , m_size(size)
+AppIcon::AppIcon(Style::Length size, QWidget* parent) : QWidget(parent), m_size(size)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     makeDecorative(*this);

@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QWidget>
 
-/// The icon of an application in a square of its own. Decorative; hidden, and without room, when there is no icon that
-/// can be read.
+/// The icon of an application in a square of its own. Decorative; hidden, and without room, when there is no
+/// icon that can be read.
 class AppIcon : public QWidget {
     Q_OBJECT
 

@@ -45,7 +45,7 @@ void AppRow::present(const StoreApp& app)
     m_name->setText(content.name);
     m_subtitle->setText(content.subtitle);
     m_meta->setText(content.meta);
-    m_textButton->setAccessibleName(QStringList {content.name, content.subtitle, content.meta}.join(u", "_s));
+    m_textButton->setAccessibleName(QStringList{content.name, content.subtitle, content.meta}.join(u", "_s));
     m_actions->present(app);
 }
 

@@ -3,8 +3,8 @@
 #include "ui/AppRow.h"
 #include "ui/kit/Style.h"
 
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -13,11 +13,9 @@ namespace {
 /// Rows beyond the view on either side, so that the Tab key always finds a next one.
 constexpr int rowsAround = 2;
 
-}
+} // namespace
 
-AppRowList::AppRowList(Store& store, QWidget* parent)
-    : QWidget(parent)
-    , m_store(store)
+AppRowList::AppRowList(Store& store, QWidget* parent) : QWidget(parent), m_store(store)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setContentsMargins(Style::bleedX, Style::bleedY, Style::bleedX, Style::bleedY);
@@ -78,7 +76,8 @@ AppRowList::Rows AppRowList::rowsToKeep(std::size_t first, std::size_t end)
             kept.insert(std::move(node));
     }
     for (const auto& [app, row] : m_rows) {
-        const auto place = row->isAncestorOf(focusWidget()) ? std::ranges::find(m_list.apps, app) : m_list.apps.end();
+        const auto place =
+            row->isAncestorOf(focusWidget()) ? std::ranges::find(m_list.apps, app) : m_list.apps.end();
         if (place != m_list.apps.end()) {
             row->move(0, int(place - m_list.apps.begin()) * pitch());
             kept.emplace(app, row);

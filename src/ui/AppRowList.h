@@ -8,8 +8,8 @@
 
 class AppRow;
 
-/// The rows of a list with the dividers between them. As high as the whole list, but only the rows in view, a few
-/// around them and the one with the focus exist; the others are made when they come near.
+/// The rows of a list with the dividers between them. As high as the whole list, but only the rows in view, a
+/// few around them and the one with the focus exist; the others are made when they come near.
 class AppRowList : public QWidget {
     Q_OBJECT
 

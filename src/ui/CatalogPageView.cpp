@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 CatalogPageView::CatalogPageView(Store& store, QWidget* parent)
     : PageScroll(parent)
     , m_title(new TextLabel({.style = Style::pageTitle, .lines = Lines::Wrapped}))
-    , m_subtitle(
-          new TextLabel({.style = Style::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+    , m_subtitle(new TextLabel(
+          {.style = Style::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_featured(new FeaturedCardView)
     , m_empty(new EmptyStateView)
     , m_listTitle(new TextLabel({.style = Style::collectionTitle, .lines = Lines::Wrapped}))

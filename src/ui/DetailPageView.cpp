@@ -21,8 +21,8 @@ DetailPageView::DetailPageView(Store& store, QWidget* parent)
           u"Назад к приложениям"_s))
     , m_icon(new AppIcon(Style::detailIcon))
     , m_name(new TextLabel({.style = Style::detailName, .lines = Lines::Wrapped}))
-    , m_subtitle(
-          new TextLabel({.style = Style::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+    , m_subtitle(new TextLabel(
+          {.style = Style::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_author(new TextLabel({.style = Style::detailAuthor, .color = Style::secondaryText()}))
     , m_actions(new ActionButtons(store))
     , m_headline(new TextLabel({.style = Style::headline, .lines = Lines::Wrapped}))
@@ -34,8 +34,8 @@ DetailPageView::DetailPageView(Store& store, QWidget* parent)
           .color = Style::secondaryText(),
           .lines = Lines::Wrapped,
           .extra = Style::instructionExtra}))
-    , m_signingNote(
-          new TextLabel({.style = Style::signingNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+    , m_signingNote(new TextLabel(
+          {.style = Style::signingNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
 {
     m_description->setAccessibleName(u"Описание"_s);
     m_description->setMaximumWidth(Style::descriptionMaxWidth);
@@ -81,7 +81,8 @@ QLayout* DetailPageView::facts()
         labels.value = new TextLabel({.style = Style::factValue});
         // Read with the value, which carries the caption in its name.
         makeDecorative(*labels.caption);
-        append(*row, {vstack({.spacing = Style::factLineSpacing}, {labels.caption, labels.value})}, Qt::AlignTop);
+        append(*row, {vstack({.spacing = Style::factLineSpacing}, {labels.caption, labels.value})},
+            Qt::AlignTop);
     }
     append(*row, {Spacer()}, Qt::AlignTop);
     return row;

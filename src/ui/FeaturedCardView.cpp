@@ -13,15 +13,17 @@ FeaturedCardView::FeaturedCardView(QWidget* parent)
     : Card(Style::cardStart(), Style::cardEnd(), parent)
     , m_slogan(new TextLabel({.style = Style::cardTitle, .color = Style::white(), .lines = Lines::Wrapped}))
     , m_name(new TextLabel({.style = Style::cardName, .color = Style::white()}))
-    , m_summary(new TextLabel({.style = Style::cardNote, .color = Style::cardText(), .lines = Lines::Wrapped}))
-    , m_action(new TextLabel({.style = Style::cardLink, .color = Style::white(), .symbol = u"arrow.up.right"_s}))
+    , m_summary(
+          new TextLabel({.style = Style::cardNote, .color = Style::cardText(), .lines = Lines::Wrapped}))
+    , m_action(
+          new TextLabel({.style = Style::cardLink, .color = Style::white(), .symbol = u"arrow.up.right"_s}))
     , m_icon(new AppIcon(Style::cardIcon))
 {
     const int margin = Style::cardMargin;
     auto* const texts = vstack({.spacing = Style::cardLineSpacing},
         {m_slogan, m_name, m_summary, vstack({.margins = {0, Style::cardLinkTop, 0, 0}}, {m_action})});
-    setContent(hstack(
-        {.spacing = Style::cardSpacing, .margins = {margin, margin, margin, margin}}, {stretched(texts), m_icon}));
+    setContent(hstack({.spacing = Style::cardSpacing, .margins = {margin, margin, margin, margin}},
+        {stretched(texts), m_icon}));
 
     connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT opened(StoreApp(m_target)); });
 }
@@ -35,7 +37,8 @@ void FeaturedCardView::present(const FeaturedCard& card)
     m_action->setText(card.action);
     m_icon->present(card.icon);
     m_shadow = {};
-    setAccessibleName(QStringList {card.slogan, card.name, card.summary, card.action}.join(u' ').replace(u'\n', u' '));
+    setAccessibleName(
+        QStringList{card.slogan, card.name, card.summary, card.action}.join(u' ').replace(u'\n', u' '));
 }
 
 void FeaturedCardView::paintEvent(QPaintEvent* event)
@@ -44,7 +47,8 @@ void FeaturedCardView::paintEvent(QPaintEvent* event)
     if (m_icon->image().isNull())
         return;
     if (m_shadow.image.isNull())
-        m_shadow = shadowOf(m_icon->image(), Style::shadowBlur, QPointF(0, Style::shadowOffset), Style::shadow());
+        m_shadow =
+            shadowOf(m_icon->image(), Style::shadowBlur, QPointF(0, Style::shadowOffset), Style::shadow());
     const QPointF icon = m_icon->mapTo(this, QPoint()) + m_icon->imageRect().topLeft();
     QPainter(this).drawImage(icon + m_shadow.position, m_shadow.image);
 }

@@ -18,8 +18,9 @@ QImage fitted(const QImage& image, const QSizeF& box, qreal devicePixelRatio)
 {
     if (image.isNull())
         return image;
-    QImage scaled = image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                        .scaled((box * devicePixelRatio).toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QImage scaled =
+        image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+            .scaled((box * devicePixelRatio).toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     scaled.setDevicePixelRatio(devicePixelRatio);
     return scaled;
 }

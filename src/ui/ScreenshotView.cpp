@@ -8,8 +8,7 @@
 
 #include <algorithm>
 
-ScreenshotView::ScreenshotView(QWidget* parent)
-    : QWidget(parent)
+ScreenshotView::ScreenshotView(QWidget* parent) : QWidget(parent)
 {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
@@ -38,13 +37,16 @@ QSize ScreenshotView::sizeHint() const
 
 int ScreenshotView::heightForWidth(int width) const
 {
-    return m_image.isNull() ? 0 : m_image.height() * std::min<int>(width, Style::screenshotMaxWidth) / m_image.width();
+    return m_image.isNull()
+        ? 0
+        : m_image.height() * std::min<int>(width, Style::screenshotMaxWidth) / m_image.width();
 }
 
 void ScreenshotView::paintEvent(QPaintEvent*)
 {
     const qreal ratio = devicePixelRatio();
-    if (m_fitted.isNull() || m_fitted.devicePixelRatio() != ratio || m_fitted.deviceIndependentSize().width() > width()
+    if (m_fitted.isNull() || m_fitted.devicePixelRatio() != ratio
+        || m_fitted.deviceIndependentSize().width() > width()
         || m_fitted.deviceIndependentSize().width() < width() - 1)
         m_fitted = fitted(m_image, size(), ratio);
 

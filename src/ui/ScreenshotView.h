@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// A picture in a frame with continuous corners, as wide as the column up to a limit. Hidden, and without room, when
-/// there is no picture that can be read.
+/// A picture in a frame with continuous corners, as wide as the column up to a limit. Hidden, and without
+/// room, when there is no picture that can be read.
 class ScreenshotView : public QWidget {
     Q_OBJECT
 

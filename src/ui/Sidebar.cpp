@@ -25,7 +25,8 @@ QWidget* brandImage()
     auto* const label = new QLabel;
     const int edge = Style::brandImage;
     const qreal ratio = label->devicePixelRatio();
-    const QImage image = loadImage(Platform::current().bundles->mainResources() / "Brand.png", int(edge * ratio));
+    const QImage image =
+        loadImage(Platform::current().bundles->mainResources() / "Brand.png", int(edge * ratio));
     label->setFixedSize(edge, edge);
     label->setPixmap(QPixmap::fromImage(fitted(image, QSizeF(edge, edge), ratio)));
     label->setAlignment(Qt::AlignCenter);
@@ -51,22 +52,22 @@ QLayout* maker()
         });
 }
 
-}
+} // namespace
 
-Sidebar::Sidebar(QWidget* parent)
-    : QWidget(parent)
-    , m_search(new SearchField(u"Поиск приложений"_s))
+Sidebar::Sidebar(QWidget* parent) : QWidget(parent), m_search(new SearchField(u"Поиск приложений"_s))
 {
     QVBoxLayout* const list = vstack({.spacing = Style::sectionSpacing}, {});
     for (const Section& section : sections()) {
         auto* const button = new SectionButton(section);
-        connect(button, &QAbstractButton::clicked, this, [this, title = section.title] { Q_EMIT sectionChosen(title); });
+        connect(button, &QAbstractButton::clicked, this,
+            [this, title = section.title] { Q_EMIT sectionChosen(title); });
         append(*list, {button}, {});
         m_sections.push_back(button);
     }
     auto* const name = new TextLabel({.style = Style::brandName}, u"PloviStore"_s);
-    setLayout(vstack({.spacing = Style::sidebarSpacing,
-                         .margins = {Style::sidebarMargin, Style::sidebarTop, Style::sidebarMargin, Style::sidebarBottom}},
+    setLayout(vstack(
+        {.spacing = Style::sidebarSpacing,
+            .margins = {Style::sidebarMargin, Style::sidebarTop, Style::sidebarMargin, Style::sidebarBottom}},
         {
             hstack({.spacing = Style::brandSpacing}, {brandImage(), stretched(name)}),
             m_search,

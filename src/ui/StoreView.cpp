@@ -65,7 +65,8 @@ StoreView::StoreView(Store& store, QWidget* parent)
 QWidget* StoreView::titleBar()
 {
     auto* const bar = new QWidget;
-    bar->setLayout(hstack({.margins = {Style::pageMargin, 0, Style::pageMargin, 0}}, {stretched(m_title), m_refresh}));
+    bar->setLayout(
+        hstack({.margins = {Style::pageMargin, 0, Style::pageMargin, 0}}, {stretched(m_title), m_refresh}));
     bar->setFixedHeight(Style::titleBarHeight);
     return bar;
 }
@@ -128,7 +129,8 @@ void StoreView::focusSearch()
     m_sidebar->focusSearch();
 }
 
-/// The store announces a change before it happens, and often several in a row: one rebuild follows when all are done.
+/// The store announces a change before it happens, and often several in a row: one rebuild follows when all
+/// are done.
 void StoreView::planRebuild()
 {
     if (std::exchange(m_rebuildPlanned, true))

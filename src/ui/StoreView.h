@@ -13,8 +13,8 @@ class Sidebar;
 class SymbolButton;
 class TextLabel;
 
-/// The root view of the window: it owns what the user has chosen to see, and shows it anew after every change of that
-/// or of the store. Its window title is the page's.
+/// The root view of the window: it owns what the user has chosen to see, and shows it anew after every change
+/// of that or of the store. Its window title is the page's.
 class StoreView : public QWidget {
     Q_OBJECT
 

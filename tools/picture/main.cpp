@@ -12,7 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// Draws the store's window into a picture without a display. QT_SCALE_FACTOR=2 draws it at twice the density.
+/// Draws the store's window into a picture without a display. QT_SCALE_FACTOR=2 draws it at twice the
+/// density.
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -4,8 +4,7 @@
 
 #include <QStyleOption>
 
-MenuBar::MenuBar(QWidget* parent)
-    : QMenuBar(parent)
+MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent)
 {
     // A menu bar outside the window would have to be asked for over the bus before the window can be shown.
     setNativeMenuBar(false);
@@ -20,7 +19,8 @@ MenuBar::MenuBar(QWidget* parent)
                 shown->addSeparator();
             QAction* const action = shown->addAction(item.title);
             action->setShortcut(item.shortcut);
-            connect(action, &QAction::triggered, this, [this, command = item.command] { Q_EMIT chosen(command); });
+            connect(action, &QAction::triggered, this,
+                [this, command = item.command] { Q_EMIT chosen(command); });
         }
     }
 }

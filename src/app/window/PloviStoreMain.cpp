@@ -25,10 +25,10 @@ struct DesktopPlatform {
     DesktopFiles files;
     DesktopFileManager fileManager;
     DesktopWorkspace workspace;
-    DesktopSavePanel savePanel {&QApplication::activeWindow};
+    DesktopSavePanel savePanel{&QApplication::activeWindow};
     // Destroyed before the other roles: its last work uses them.
     DesktopJobs jobs;
-    PlatformScope scope {Platform {&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
+    PlatformScope scope{Platform{&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
 };
 
 /// The program speaks Russian wherever it runs, and so do the dialogs and menus that Qt brings.
@@ -38,7 +38,7 @@ void speakRussian(QTranslator& translator)
         QApplication::installTranslator(&translator);
 }
 
-}
+} // namespace
 
 int PloviStoreMain::run(int argc, char* argv[])
 {
@@ -50,7 +50,8 @@ int PloviStoreMain::run(int argc, char* argv[])
     if (instance.claim() == SingleInstance::Role::Second)
         return 0;
 
-    // Nothing here draws with OpenGL, and setting it up would delay the window. What the store opens may want it.
+    // Nothing here draws with OpenGL, and setting it up would delay the window. What the store opens may want
+    // it.
     const char* const drawing = "QT_XCB_GL_INTEGRATION";
     const bool isChosen = qEnvironmentVariableIsSet(drawing);
     if (!isChosen)
@@ -73,18 +74,18 @@ int PloviStoreMain::run(int argc, char* argv[])
     return QApplication::exec();
 }
 
-PloviStoreMain::PloviStoreMain()
-    : m_window(m_store)
+PloviStoreMain::PloviStoreMain() : m_window(m_store)
 {
     // A save that still runs when the window is closed is finished first.
     QApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_window, [this] { quitWhenDone(); });
     QObject::connect(
         &m_store, &Store::objectWillChange, &m_window, [this] { quitWhenDone(); }, Qt::QueuedConnection);
-    QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_window, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive)
-            m_window.refresh();
-    });
+    QObject::connect(
+        qApp, &QGuiApplication::applicationStateChanged, &m_window, [this](Qt::ApplicationState state) {
+            if (state == Qt::ApplicationActive)
+                m_window.refresh();
+        });
 }
 
 void PloviStoreMain::quitWhenDone()

@@ -39,11 +39,9 @@ void edit(Command command)
         QMetaObject::invokeMethod(focused, found->second);
 }
 
-}
+} // namespace
 
-StoreWindow::StoreWindow(Store& store, QWidget* parent)
-    : QMainWindow(parent)
-    , m_view(new StoreView(store))
+StoreWindow::StoreWindow(Store& store, QWidget* parent) : QMainWindow(parent), m_view(new StoreView(store))
 {
     auto* const menuBar = new MenuBar;
     setMenuBar(menuBar);
@@ -54,7 +52,8 @@ StoreWindow::StoreWindow(Store& store, QWidget* parent)
 
     connect(m_view, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     connect(menuBar, &MenuBar::chosen, this, &StoreWindow::run);
-    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, &StoreWindow::refresh);
+    connect(
+        new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, &StoreWindow::refresh);
 }
 
 void StoreWindow::raiseToFront()

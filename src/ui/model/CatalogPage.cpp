@@ -6,7 +6,7 @@ namespace {
 
 PageHeader header(const ViewState& view)
 {
-    PageHeader header {
+    PageHeader header{
         .title = view.section,
         .subtitle = u"Приложения Orbanel. Все три — в одном месте."_s,
     };
@@ -47,7 +47,7 @@ EmptyState emptyState(const ViewState& view)
     };
 }
 
-}
+} // namespace
 
 bool AppList::hasDivider(std::size_t index) const
 {
@@ -58,11 +58,11 @@ CatalogPage catalog(const ViewState& view, const Store& store)
 {
     const bool overview = view.isOverview();
 
-    CatalogPage page {.header = header(view), .featured = {}, .body = emptyState(view), .footer = {}};
+    CatalogPage page{.header = header(view), .featured = {}, .body = emptyState(view), .footer = {}};
     if (overview && !store.apps->empty())
         page.featured = featured(store.apps->front());
     if (auto shown = filtered(view, store); !shown.empty()) {
-        page.body = AppList {
+        page.body = AppList{
             .title = overview ? std::optional(u"Твоя коллекция"_s) : std::nullopt,
             .apps = std::move(shown),
         };

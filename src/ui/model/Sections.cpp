@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 const std::array<Section, 7>& sections()
 {
-    static const std::array<Section, 7> list {{
+    static const std::array<Section, 7> list{{
         {section_title::overview.toString(), u"sparkles"_s},
         {section_title::allApplications.toString(), u"square.grid.2x2"_s},
         {u"Утилиты"_s, u"wrench.and.screwdriver"_s},

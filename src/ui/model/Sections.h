@@ -4,7 +4,8 @@
 
 #include <array>
 
-/// A section of the sidebar. The title is its identity, and the category whose entries a category section lists.
+/// A section of the sidebar. The title is its identity, and the category whose entries a category section
+/// lists.
 struct Section {
     QString title;
     /// The name of the symbol beside the title.
@@ -21,7 +22,7 @@ inline constexpr QStringView allApplications = u"Все приложения";
 inline constexpr QStringView installed = u"Установленные";
 inline constexpr QStringView downloads = u"Загрузки";
 
-}
+} // namespace section_title
 
 /// The sections in the order of the sidebar.
 const std::array<Section, 7>& sections();

@@ -13,7 +13,7 @@ bool belongs(const StoreApp& app, const QString& section, const Store& store)
     return section == section_title::downloads && store.saved->contains(app.id);
 }
 
-}
+} // namespace
 
 void ViewState::choose(const QString& sectionTitle)
 {
@@ -35,8 +35,8 @@ QString ViewState::title() const
 std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store)
 {
     std::vector<const StoreApp*> shown;
-    const std::optional<SearchText> search
-        = view.search.isEmpty() ? std::nullopt : std::optional<SearchText>(view.search);
+    const std::optional<SearchText> search =
+        view.search.isEmpty() ? std::nullopt : std::optional<SearchText>(view.search);
     for (std::size_t index = 0; index < store.apps->size(); ++index) {
         const StoreApp& app = store.apps->at(index);
         if ((!search || store.searchTexts().at(index).contains(*search)) && belongs(app, view.section, store))

@@ -20,6 +20,6 @@ struct ViewState {
     QString title() const;
 };
 
-/// The entries that the catalog page lists, in catalog order: those that match the search and belong to the section,
-/// as of now. They lie in the store's catalog.
+/// The entries that the catalog page lists, in catalog order: those that match the search and belong to the
+/// section, as of now. They lie in the store's catalog.
 std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store);
