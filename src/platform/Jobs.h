@@ -12,7 +12,8 @@ public:
     Jobs& operator=(const Jobs&) = delete;
     virtual ~Jobs() = default;
 
-    /// Runs `work` in the background, then, on the main thread, the task that it returned. Any thread.
+    /// Runs `work`, which lets no exception out, in the background, then, on the main thread, the task that
+    /// it returned. Any thread.
     virtual void start(std::function<Task()> work) = 0;
     /// Runs `task` on the main thread, after the current event. Any thread.
     virtual void onMainThread(Task task) = 0;

@@ -17,7 +17,8 @@ public:
 
     /// Where the system knows an application with this identifier, whatever its name, as of now.
     virtual std::optional<Path> urlForApplication(const QString& bundleID) = 0;
-    /// Opens the application at `place`: a bundle, or a desktop entry. `done` is called once, on any thread.
+    /// Opens the application at `place`: a bundle, or a desktop entry. `done` is called once, on any thread,
+    /// at the latest while the workspace is destroyed: what it uses lives until then.
     virtual void openApplication(const Path& place, std::function<void(Result<void>)> done) = 0;
     /// Shows a web page in the user's browser. The outcome is not known.
     virtual void openURL(const QString& address) = 0;

@@ -10,8 +10,9 @@ QImage loadImage(const Path& file, int edge)
     if (!image)
         return {};
     auto* const kept = new Image(std::move(*image));
-    return {reinterpret_cast<uchar*>(kept->pixels.data()), kept->width, kept->height, kept->width * 4,
-        QImage::Format_ARGB32, [](void* pointer) { delete static_cast<Image*>(pointer); }, kept};
+    return {reinterpret_cast<uchar*>(kept->pixels.data()), kept->width, kept->height,
+        qsizetype(kept->width) * 4, QImage::Format_ARGB32,
+        [](void* pointer) { delete static_cast<Image*>(pointer); }, kept};
 }
 
 QImage fitted(const QImage& image, const QSizeF& box, qreal devicePixelRatio)

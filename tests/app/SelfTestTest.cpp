@@ -15,11 +15,11 @@ namespace {
 /// A picture of one pixel.
 QByteArray png()
 {
-    png_image image {};
+    png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = image.height = 1;
     image.format = PNG_FORMAT_RGB;
-    const std::array<std::uint8_t, 3> pixel {255, 0, 0};
+    const std::array<std::uint8_t, 3> pixel{255, 0, 0};
     png_alloc_size_t size = 0;
     png_image_write_to_memory(&image, nullptr, &size, 0, pixel.data(), 0, nullptr);
     QByteArray file(qsizetype(size), '\0');
@@ -111,10 +111,13 @@ TEST(SelfTest, StopsWhenTheBundleIsNotWhatTheCatalogSays)
                 b.apps[3].id = u"и\u0306"_s;
             },
             0, "Catalog invalid"},
-        {"digest in capitals", [](auto& b) { b.apps[1].sha256 = b.apps[1].sha256.toUpper(); }, 1, "Invalid resource: B"},
+        {"digest in capitals", [](auto& b) { b.apps[1].sha256 = b.apps[1].sha256.toUpper(); }, 1,
+            "Invalid resource: B"},
         {"one byte less", [](auto& b) { b.apps[2].bytes = 16; }, 2, "Invalid resource: C"},
-        {"no icon", [](auto& b) { b.platform.files.content.erase(b.icon(b.apps[3])); }, 3, "Invalid resource: D"},
-        {"unreadable icon", [](auto& b) { b.platform.files.content[b.icon(b.apps[0])] = "x"; }, 0, "Invalid resource: A"},
+        {"no icon", [](auto& b) { b.platform.files.content.erase(b.icon(b.apps[3])); }, 3,
+            "Invalid resource: D"},
+        {"unreadable icon", [](auto& b) { b.platform.files.content[b.icon(b.apps[0])] = "x"; }, 0,
+            "Invalid resource: A"},
     };
     for (const Case& test : cases) {
         SCOPED_TRACE(test.situation);
@@ -137,7 +140,8 @@ TEST(SelfTest, EndsWithTheReasonWhenSomethingCannotBeRead)
     const auto archive = bundle.run();
 
     EXPECT_EQ(archive.status, 1);
-    EXPECT_EQ(archive.report, bundle.passed(1) + systemFailure(EACCES).localizedDescription.toStdString() + '\n');
+    EXPECT_EQ(
+        archive.report, bundle.passed(1) + systemFailure(EACCES).localizedDescription.toStdString() + '\n');
 
     bundle.platform.files.readErrors[bundle.platform.resource("catalog.json")] = ENOENT;
     const auto catalog = bundle.run();
@@ -154,4 +158,4 @@ TEST(SelfTest, AReportThatCannotBeWrittenIsNoSuccess)
     EXPECT_EQ(errors, systemFailure(ENOSPC).localizedDescription.toStdString() + '\n');
 }
 
-}
+} // namespace

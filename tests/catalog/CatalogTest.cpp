@@ -23,7 +23,8 @@ Result<Catalog> decode(const QByteArray& json)
 /// A catalog of two entries of which the second one's `key` is `value`, or is missing when that is undefined.
 QByteArray withSecond(const QString& key, const QJsonValue& value)
 {
-    QJsonArray entries = QJsonDocument::fromJson(sample::catalogFile({sample::brisko(), sample::kadrilo()})).array();
+    QJsonArray entries =
+        QJsonDocument::fromJson(sample::catalogFile({sample::brisko(), sample::kadrilo()})).array();
     QJsonObject second = entries[1].toObject();
     if (value.isUndefined())
         second.remove(key);
@@ -43,15 +44,15 @@ TEST(Catalog, KeepsEveryFieldAndTheOrderOfTheFile)
 {
     EXPECT_EQ(decode("[]"), Catalog());
     EXPECT_EQ(decode(sample::catalogFile({sample::kadrilo(), sample::brisko()})),
-        (Catalog {sample::kadrilo(), sample::brisko()}));
+        (Catalog{sample::kadrilo(), sample::brisko()}));
 }
 
 TEST(Catalog, IgnoresKeysItDoesNotKnow)
 {
-    EXPECT_EQ(decode(withSecond(u"price"_s, QJsonArray {1, u"x"_s}))->size(), 2U);
+    EXPECT_EQ(decode(withSecond(u"price"_s, QJsonArray{1, u"x"_s}))->size(), 2U);
     QByteArray huge = sample::catalogFile({sample::brisko()});
     huge.replace("\"bytes\"", "\"population\": 123456789012345678901234567890, \"bytes\"");
-    EXPECT_EQ(decode(huge), Catalog {sample::brisko()});
+    EXPECT_EQ(decode(huge), Catalog{sample::brisko()});
 }
 
 TEST(Catalog, NamesTheEntryAndTheKeyThatIsMissingNullOrOfAnotherType)
@@ -67,8 +68,9 @@ TEST(Catalog, NamesTheEntryAndTheKeyThatIsMissingNullOrOfAnotherType)
         EXPECT_EQ(codingKey(text).has_value(), true);
     }
     EXPECT_EQ(codingKey("ID"), std::nullopt);
-    EXPECT_THAT(failureOf("[{\"bytes\": \"wrong\", \"id\": 1}]"), HasSubstr("«id»")) << "the first in key order";
-    EXPECT_THAT(failureOf(withSecond(u"features"_s, QJsonArray {u"x"_s, 1})), HasSubstr("«features»"));
+    EXPECT_THAT(failureOf("[{\"bytes\": \"wrong\", \"id\": 1}]"), HasSubstr("«id»"))
+        << "the first in key order";
+    EXPECT_THAT(failureOf(withSecond(u"features"_s, QJsonArray{u"x"_s, 1})), HasSubstr("«features»"));
 }
 
 TEST(Catalog, TakesOnlyWholeNumbersOf64BitsForBytes)
@@ -78,13 +80,13 @@ TEST(Catalog, TakesOnlyWholeNumbersOf64BitsForBytes)
         std::optional<qint64> expected;
     };
     for (const auto& [number, expected] : {
-             Case {"9223372036854775807", 9223372036854775807},
-             Case {"-1", -1},
-             Case {"9223372036854775808", {}},
-             Case {"123456789012345678901234567890", {}},
-             Case {"1.5", {}},
-             Case {"\"12\"", {}},
-             Case {"true", {}},
+             Case{"9223372036854775807", 9223372036854775807},
+             Case{"-1", -1},
+             Case{"9223372036854775808", {}},
+             Case{"123456789012345678901234567890", {}},
+             Case{"1.5", {}},
+             Case{"\"12\"", {}},
+             Case{"true", {}},
          }) {
         SCOPED_TRACE(number.toStdString());
         QByteArray json = sample::catalogFile({sample::brisko()});
@@ -110,15 +112,15 @@ TEST(Catalog, FailsAsAWholeWhenTheFileIsBroken)
         const char* expected;
     };
     for (const auto& [situation, json, expected] : {
-             Case {"empty", "", "строке 1"},
-             Case {"text", "PloviStore\n", "строке 1"},
-             Case {"broken in the third line", "[\n1,\n2", "строке 3"},
-             Case {"trailing bytes", good + "]", "JSON"},
-             Case {"invalid UTF-8", badText, "JSON"},
-             Case {"too deep", QByteArray(100'000, '['), "JSON"},
-             Case {"an object", "{}", "список"},
-             Case {"a text", "\"[]\"", "список"},
-             Case {"a list of texts", "[\"brisko\"]", "Запись 1"},
+             Case{"empty", "", "строке 1"},
+             Case{"text", "PloviStore\n", "строке 1"},
+             Case{"broken in the third line", "[\n1,\n2", "строке 3"},
+             Case{"trailing bytes", good + "]", "JSON"},
+             Case{"invalid UTF-8", badText, "JSON"},
+             Case{"too deep", QByteArray(100'000, '['), "JSON"},
+             Case{"an object", "{}", "список"},
+             Case{"a text", "\"[]\"", "список"},
+             Case{"a list of texts", "[\"brisko\"]", "Запись 1"},
          }) {
         SCOPED_TRACE(situation);
         EXPECT_THAT(failureOf(json), HasSubstr(expected));
@@ -132,7 +134,7 @@ TEST(Catalog, IsReadFromTheResourceFolder)
 
     platform.files.content[platform.resource("catalog.json")] = sample::catalogFile({sample::brisko()});
 
-    EXPECT_EQ(readCatalog(), Catalog {sample::brisko()});
+    EXPECT_EQ(readCatalog(), Catalog{sample::brisko()});
 }
 
-}
+} // namespace

@@ -15,9 +15,10 @@ TEST(StoreApp, EqualsAnEntryWhoseEveryFieldIsEqual)
     const StoreApp other = sample::kadrilo();
 
     EXPECT_EQ(brisko, sample::brisko());
-    for (auto field : {&StoreApp::id, &StoreApp::name, &StoreApp::category, &StoreApp::subtitle, &StoreApp::headline,
-             &StoreApp::description, &StoreApp::tint, &StoreApp::version, &StoreApp::bundleID, &StoreApp::minimum,
-             &StoreApp::archive, &StoreApp::sha256, &StoreApp::architecture}) {
+    for (auto field :
+        {&StoreApp::id, &StoreApp::name, &StoreApp::category, &StoreApp::subtitle, &StoreApp::headline,
+            &StoreApp::description, &StoreApp::tint, &StoreApp::version, &StoreApp::bundleID,
+            &StoreApp::minimum, &StoreApp::archive, &StoreApp::sha256, &StoreApp::architecture}) {
         StoreApp changed = brisko;
         changed.*field = other.*field;
         EXPECT_NE(changed, brisko) << (changed.*field).toStdString();
@@ -53,10 +54,10 @@ TEST(StoreApp, NamesTheProcessorsItRunsOn)
         QString minimum, architecture, expected;
     };
     for (const auto& [minimum, architecture, expected] : {
-             Case {u"13"_s, u"arm64 x86_64"_s, u"macOS 13+ · Apple Silicon и Intel"_s},
-             Case {u"13"_s, u"arm64"_s, u"macOS 13+ · Apple Silicon"_s},
-             Case {u"13"_s, u"X86_64"_s, u"macOS 13+ · Apple Silicon"_s},
-             Case {u""_s, u""_s, u"macOS + · Apple Silicon"_s},
+             Case{u"13"_s, u"arm64 x86_64"_s, u"macOS 13+ · Apple Silicon и Intel"_s},
+             Case{u"13"_s, u"arm64"_s, u"macOS 13+ · Apple Silicon"_s},
+             Case{u"13"_s, u"X86_64"_s, u"macOS 13+ · Apple Silicon"_s},
+             Case{u""_s, u""_s, u"macOS + · Apple Silicon"_s},
          }) {
         StoreApp app = sample::brisko();
         app.minimum = minimum;
@@ -86,12 +87,12 @@ TEST(StoreApp, IsInstalledWhereABundleOfItsNameHasItsIdentifier)
         std::optional<Path> expected;
     };
     for (const auto& [situation, bundles, registry, expected] : {
-             Case {"nowhere", {}, {}, {}},
-             Case {"both folders", {{shared, right}, {own, right}}, {}, shared},
-             Case {"a stranger under its name", {{shared, wrong}, {own, right}}, {}, own},
-             Case {"only strangers", {{shared, wrong}, {own, wrong}}, {}, {}},
-             Case {"known to the system", {{shared, wrong}}, {{right, elsewhere}}, elsewhere},
-             Case {"letter case differs", {{shared, right.toUpper()}}, {}, {}},
+             Case{"nowhere", {}, {}, {}},
+             Case{"both folders", {{shared, right}, {own, right}}, {}, shared},
+             Case{"a stranger under its name", {{shared, wrong}, {own, right}}, {}, own},
+             Case{"only strangers", {{shared, wrong}, {own, wrong}}, {}, {}},
+             Case{"known to the system", {{shared, wrong}}, {{right, elsewhere}}, elsewhere},
+             Case{"letter case differs", {{shared, right.toUpper()}}, {}, {}},
          }) {
         SCOPED_TRACE(situation);
         FakePlatform platform;
@@ -102,4 +103,4 @@ TEST(StoreApp, IsInstalledWhereABundleOfItsNameHasItsIdentifier)
     }
 }
 
-}
+} // namespace

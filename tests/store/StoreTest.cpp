@@ -20,8 +20,8 @@ class StoreTest : public testing::Test {
 protected:
     StoreTest()
     {
-        platform.files.content[platform.resource("catalog.json")]
-            = sample::catalogFile({brisko, sample::kadrilo(), brisko});
+        platform.files.content[platform.resource("catalog.json")] =
+            sample::catalogFile({brisko, sample::kadrilo(), brisko});
         platform.files.content[brisko.packageURL()] = "archive of Brisko";
         platform.savePanel.answer = destination;
     }
@@ -51,7 +51,8 @@ TEST_F(StoreTest, SaysWhyTheCatalogCannotBeRead)
     }
 
     platform.files.content.clear();
-    EXPECT_EQ(*Store().message, u"Не удалось прочитать каталог: "_s + systemFailure(ENOENT).localizedDescription);
+    EXPECT_EQ(
+        *Store().message, u"Не удалось прочитать каталог: "_s + systemFailure(ENOENT).localizedDescription);
 }
 
 TEST_F(StoreTest, AnnouncesEveryWriteBeforeItHappens)
@@ -59,7 +60,8 @@ TEST_F(StoreTest, AnnouncesEveryWriteBeforeItHappens)
     Store store;
     QStringList announced;
     QObject::connect(&store, &Store::objectWillChange, [&] {
-        announced.append(u"%1 %2 %3"_s.arg(store.message->value_or(u"-"_s)).arg(store.saved->size()).arg(*store.revision));
+        announced.append(
+            u"%1 %2 %3"_s.arg(store.message->value_or(u"-"_s)).arg(store.saved->size()).arg(*store.revision));
     });
 
     store.message.set(u"a"_s);
@@ -69,7 +71,8 @@ TEST_F(StoreTest, AnnouncesEveryWriteBeforeItHappens)
     store.revision.increment();
     store.saved.remove(u"й"_s);
 
-    EXPECT_EQ(announced, (QStringList {u"- 0 0"_s, u"a 0 0"_s, u"a 0 0"_s, u"a 1 0"_s, u"a 1 0"_s, u"a 1 1"_s}));
+    EXPECT_EQ(
+        announced, (QStringList{u"- 0 0"_s, u"a 0 0"_s, u"a 0 0"_s, u"a 1 0"_s, u"a 1 0"_s, u"a 1 1"_s}));
     EXPECT_THAT(*store.saved, IsEmpty());
 }
 
@@ -93,8 +96,8 @@ TEST_F(StoreTest, AsksWhereToSaveUnderTheEntrysNames)
     store.save(brisko);
 
     EXPECT_THAT(platform.savePanel.shown,
-        ElementsAre(SavePanelSetup {u"Скачать Brisko"_s, u"Brisko-2.4.zip"_s, "/home/user/Downloads"},
-            SavePanelSetup {u"Скачать Brisko"_s, u"Brisko-2.4.zip"_s, std::nullopt}));
+        ElementsAre(SavePanelSetup{u"Скачать Brisko"_s, u"Brisko-2.4.zip"_s, "/home/user/Downloads"},
+            SavePanelSetup{u"Скачать Brisko"_s, u"Brisko-2.4.zip"_s, std::nullopt}));
     EXPECT_EQ(changes, 0) << "a cancelled panel changes nothing";
     EXPECT_THAT(platform.jobs.background, IsEmpty());
 }
@@ -119,9 +122,12 @@ TEST_F(StoreTest, SavesAnArchiveWhoseDigestIsRight)
     EXPECT_THAT(*store.saved, ElementsAre(brisko.id));
     EXPECT_THAT(platform.workspace.revealed, ElementsAre(destination));
     EXPECT_EQ(*store.message,
-        u"Brisko сохранён. Распакуйте ZIP и перенесите Brisko.app в папку «Программы». Сборка подписана локально и не "
+        u"Brisko сохранён. Распакуйте ZIP и перенесите Brisko.app в папку «Программы». Сборка подписана "
+        u"локально и не "
         u"прошла нотарификацию Apple; macOS может запросить разрешение на первый запуск."_s);
-    EXPECT_THAT(busyAndMessage, ElementsAre(std::pair(false, false), std::pair(true, false), std::pair(true, false), std::pair(true, true)))
+    EXPECT_THAT(busyAndMessage,
+        ElementsAre(
+            std::pair(false, false), std::pair(true, false), std::pair(true, false), std::pair(true, true)))
         << "busy in, saved in, the message, busy out";
 }
 
@@ -134,13 +140,13 @@ TEST_F(StoreTest, ReportsAFailedSaveAndKeepsTheOldFile)
     };
     const QString damaged = u"Сборка повреждена. Переустановите PloviStore."_s;
     for (const auto& [situation, arrange, expected] : {
-             Case {"damaged", [](auto& p, auto& app) { p.files.content[app.packageURL()] = "x"; }, damaged},
-             Case {"digest in capitals", [](auto&, auto& app) { app.sha256 = app.sha256.toUpper(); }, damaged},
-             Case {"archive missing", [](auto& p, auto& app) { p.files.content.erase(app.packageURL()); },
+             Case{"damaged", [](auto&p, auto&app) { p.files.content[app.packageURL()] = "x"; }, damaged},
+             Case{"digest in capitals", [](auto&, auto&app) { app.sha256 = app.sha256.toUpper(); }, damaged},
+             Case{"archive missing", [](auto&p, auto&app) { p.files.content.erase(app.packageURL()); },
                  systemFailure(ENOENT).localizedDescription},
-             Case {"disk full", [](auto& p, auto&) { p.files.writeErrors[destination] = ENOSPC; },
+             Case{"disk full", [](auto&p, auto&) { p.files.writeErrors[destination] = ENOSPC; },
                  systemFailure(ENOSPC).localizedDescription},
-             Case {"no memory", [](auto& p, auto&) { p.files.outOfMemory = true; },
+             Case{"no memory", [](auto&p, auto&) { p.files.outOfMemory = true; },
                  systemFailure(ENOMEM).localizedDescription},
          }) {
         SCOPED_TRACE(situation);
@@ -161,7 +167,7 @@ TEST_F(StoreTest, ReportsAFailedSaveAndKeepsTheOldFile)
         EXPECT_THAT(*store.saved, IsEmpty());
         EXPECT_THAT(machine.workspace.revealed, IsEmpty());
     }
-    EXPECT_EQ(damagedArchive(), (Failure {u"PloviStore"_s, 1, damaged}));
+    EXPECT_EQ(damagedArchive(), (Failure{u"PloviStore"_s, 1, damaged}));
 }
 
 TEST_F(StoreTest, SavesDifferentEntriesAtOnceButEachOnlyOnce)
@@ -231,4 +237,4 @@ TEST_F(StoreTest, LaunchingWhatIsNotInstalledSavesIt)
     EXPECT_THAT(platform.workspace.opened, IsEmpty());
 }
 
-}
+} // namespace

@@ -14,7 +14,7 @@ auto lookUp(const Map& map, const Key& key) -> std::optional<typename Map::mappe
     return found->second;
 }
 
-}
+} // namespace
 
 Result<Buffer> FakePlatform::FakeFiles::read(const Path& file) const
 {
@@ -33,7 +33,8 @@ Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink&
     return read(file).map([&](const Buffer& buffer) { sink(buffer.bytes()); });
 }
 
-Result<void> FakePlatform::FakeFiles::writeAtomically(const Path& file, std::span<const std::byte> bytes) const
+Result<void> FakePlatform::FakeFiles::writeAtomically(
+    const Path& file, std::span<const std::byte> bytes) const
 {
     if (const auto error = lookUp(writeErrors, file))
         return tl::unexpected(systemFailure(*error));

@@ -8,8 +8,8 @@
 #include <deque>
 #include <map>
 
-/// A machine in memory, installed as the platform while it lives. Tests put things in and look at what became of
-/// them.
+/// A machine in memory, installed as the platform while it lives. Tests put things in and look at what became
+/// of them.
 class FakePlatform {
 public:
     class FakeFiles final : public Files {
@@ -87,5 +87,5 @@ public:
     Path resource(const Path& name) const { return bundles.mainResources() / name; }
 
 private:
-    PlatformScope m_scope {Platform {&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
+    PlatformScope m_scope{Platform{&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
 };

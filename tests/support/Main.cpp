@@ -21,7 +21,7 @@ void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& tex
         ADD_FAILURE() << "Qt warns: " << text.toStdString();
 }
 
-}
+} // namespace
 
 int main(int argc, char* argv[])
 {

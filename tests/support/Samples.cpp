@@ -55,7 +55,7 @@ QByteArray catalogFile(const Catalog& apps)
 {
     QJsonArray entries;
     for (const StoreApp& app : apps) {
-        entries.append(QJsonObject {
+        entries.append(QJsonObject{
             {u"id"_s, app.id},
             {u"name"_s, app.name},
             {u"category"_s, app.category},
@@ -76,7 +76,7 @@ QByteArray catalogFile(const Catalog& apps)
     return QJsonDocument(entries).toJson();
 }
 
-}
+} // namespace sample
 
 void PrintTo(const StoreApp& app, std::ostream* out)
 {
@@ -85,7 +85,8 @@ void PrintTo(const StoreApp& app, std::ostream* out)
 
 void PrintTo(const Failure& failure, std::ostream* out)
 {
-    *out << failure.domain.toStdString() << ' ' << failure.code << ": " << failure.localizedDescription.toStdString();
+    *out << failure.domain.toStdString() << ' ' << failure.code << ": "
+         << failure.localizedDescription.toStdString();
 }
 
 void PrintTo(const QString& text, std::ostream* out)

@@ -16,7 +16,7 @@ StoreApp kadrilo();
 /// A catalog file with these entries.
 QByteArray catalogFile(const Catalog& apps);
 
-}
+} // namespace sample
 
 /// How test output names an entry.
 void PrintTo(const StoreApp& app, std::ostream* out);

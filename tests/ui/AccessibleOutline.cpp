@@ -39,7 +39,7 @@ void append(QString& outline, QAccessibleInterface* node, int depth)
         append(outline, node->child(index), onlyHolds ? depth : depth + 1);
 }
 
-}
+} // namespace
 
 QString accessibleOutline(QWidget& widget)
 {

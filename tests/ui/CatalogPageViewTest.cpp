@@ -68,8 +68,10 @@ TEST_F(CatalogPageViewTest, AnIconThatCannotBeReadTakesNoRoom)
         QAbstractButton* const texts = button(name);
         return texts->mapTo(&view(), texts->contentsRect().topLeft()).x();
     };
-    const QString withIcon = QStringList {u"Brisko"_s, brisko.subtitle, u"Утилиты · 2.4 · "_s + brisko.size()}.join(u", "_s);
-    const QString without = QStringList {u"Zvon"_s, noIcon.subtitle, u"Медиа · 1.8 · "_s + noIcon.size()}.join(u", "_s);
+    const QString withIcon =
+        QStringList{u"Brisko"_s, brisko.subtitle, u"Утилиты · 2.4 · "_s + brisko.size()}.join(u", "_s);
+    const QString without =
+        QStringList{u"Zvon"_s, noIcon.subtitle, u"Медиа · 1.8 · "_s + noIcon.size()}.join(u", "_s);
 
     EXPECT_EQ(left(withIcon) - left(without), 64 + 17);
 }
@@ -86,4 +88,4 @@ TEST_F(CatalogPageViewTest, AnIconKeepsItsProportionsInItsSquare)
     EXPECT_EQ(icon.imageRect(), QRectF(0, 16, 64, 32));
 }
 
-}
+} // namespace

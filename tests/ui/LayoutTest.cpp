@@ -31,14 +31,17 @@ protected:
         ASSERT_GT(parts.size(), 8);
         EXPECT_LE(page->widget()->width(), page->viewport()->width()) << "no sideways scrolling";
         const auto placeOf = [page](QWidget* part) {
-            return QRect(part->mapTo(page->widget(), QPoint()), part->size()).marginsRemoved(part->contentsMargins());
+            return QRect(part->mapTo(page->widget(), QPoint()), part->size())
+                .marginsRemoved(part->contentsMargins());
         };
         for (qsizetype one = 0; one < parts.size(); ++one) {
             const QRect place = placeOf(parts[one]);
-            EXPECT_TRUE(page->columnRect().adjusted(-1, 0, 1, 0).contains(place)) << place.x() << ' ' << place.width();
+            EXPECT_TRUE(page->columnRect().adjusted(-1, 0, 1, 0).contains(place))
+                << place.x() << ' ' << place.width();
             for (qsizetype other = one + 1; other < parts.size(); ++other)
                 EXPECT_FALSE(place.intersects(placeOf(parts[other])))
-                    << parts[one]->accessibleName().toStdString() << place.y() << ' ' << placeOf(parts[other]).y();
+                    << parts[one]->accessibleName().toStdString() << place.y() << ' '
+                    << placeOf(parts[other]).y();
         }
     }
 };
@@ -57,7 +60,8 @@ TEST_F(LayoutTest, HoldsWhateverTheTextsTheSizeAndTheDirection)
 
     for (const auto& size : {QSize(900, 620), QSize(1180, 840), QSize(3840, 2160)}) {
         for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            SCOPED_TRACE(testing::Message() << size.width() << (direction == Qt::RightToLeft ? " mirrored" : ""));
+            SCOPED_TRACE(
+                testing::Message() << size.width() << (direction == Qt::RightToLeft ? " mirrored" : ""));
             open({lengthy, empty});
             view().setLayoutDirection(direction);
             view().resize(size);
@@ -85,16 +89,4 @@ TEST_F(LayoutTest, TheColumnIsAtMost1300WideAndInTheMiddle)
     EXPECT_NEAR(column.center().x(), page->viewport()->width() / 2, 1);
 }
 
-TEST_F(LayoutTest, TheWindowAndTheSidebarKeepTheirLimits)
-{
-    open({brisko});
-    view().resize(100, 100);
-    settle();
-
-    EXPECT_EQ(view().minimumSize(), QSize(900, 620));
-    const QWidget* const sidebar = button(u"Обзор"_s)->parentWidget();
-    EXPECT_EQ(std::pair(sidebar->minimumWidth(), sidebar->maximumWidth()), std::pair(220, 265));
-    EXPECT_EQ(sidebar->width(), 235);
-}
-
-}
+} // namespace

@@ -36,7 +36,7 @@ private:
 
 [[maybe_unused]] const auto* const application = testing::AddGlobalTestEnvironment(new UiApplication);
 
-}
+} // namespace
 
 QByteArray UiTest::png(int width, int height)
 {
@@ -82,7 +82,8 @@ QAbstractButton* UiTest::button(const QString& name, int index) const
 {
     QList<QAbstractButton*> found;
     for (QAbstractButton* candidate : m_view->window()->findChildren<QAbstractButton*>()) {
-        const QString own = candidate->accessibleName().isEmpty() ? candidate->text() : candidate->accessibleName();
+        const QString own =
+            candidate->accessibleName().isEmpty() ? candidate->text() : candidate->accessibleName();
         if (candidate->isVisible() && own == name)
             found.append(candidate);
     }

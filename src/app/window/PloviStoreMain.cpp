@@ -24,10 +24,11 @@ struct DesktopPlatform {
     DesktopBundles bundles;
     DesktopFiles files;
     DesktopFileManager fileManager;
+    // Destroyed before the files, which its last work uses, and after the workspace, whose last answer comes
+    // through it.
+    DesktopJobs jobs;
     DesktopWorkspace workspace;
     DesktopSavePanel savePanel{&QApplication::activeWindow};
-    // Destroyed before the other roles: its last work uses them.
-    DesktopJobs jobs;
     PlatformScope scope{Platform{&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
 };
 

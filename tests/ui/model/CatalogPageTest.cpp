@@ -19,26 +19,28 @@ TEST_F(CatalogPageTest, EveryStateHasItsHeaderBlocksAndEmptyState)
         bool overview, downloads;
     };
     for (const auto& [section, search, title, subtitle, overview, downloads] : {
-             Case {u"Обзор"_s, {}, u"Создано для твоего Mac."_s, family, true, false},
-             Case {u"Обзор"_s, u" "_s, u"Результаты поиска"_s, family, false, false},
-             Case {u"Загрузки"_s, u"x"_s, u"Результаты поиска"_s, session, false, true},
-             Case {u"Медиа"_s, u"x"_s, u"Результаты поиска"_s, family, false, false},
-             Case {u"Загрузки"_s, {}, u"Загрузки"_s, session, false, true},
-             Case {u"Все приложения"_s, {}, u"Все приложения"_s, family, false, false},
+             Case{u"Обзор"_s, {}, u"Создано для твоего Mac."_s, family, true, false},
+             Case{u"Обзор"_s, u" "_s, u"Результаты поиска"_s, family, false, false},
+             Case{u"Загрузки"_s, u"x"_s, u"Результаты поиска"_s, session, false, true},
+             Case{u"Медиа"_s, u"x"_s, u"Результаты поиска"_s, family, false, false},
+             Case{u"Загрузки"_s, {}, u"Загрузки"_s, session, false, true},
+             Case{u"Все приложения"_s, {}, u"Все приложения"_s, family, false, false},
          }) {
         SCOPED_TRACE(testing::PrintToString(section) + testing::PrintToString(search));
-        const ViewState view {.section = section, .search = search, .selected = {}};
+        const ViewState view{.section = section, .search = search, .selected = {}};
 
         const CatalogPage empty = catalog(view, load({}));
 
-        EXPECT_EQ(empty.header, (PageHeader {title, subtitle}));
+        EXPECT_EQ(empty.header, (PageHeader{title, subtitle}));
         EXPECT_EQ(empty.featured, std::nullopt);
         EXPECT_EQ(empty.footer.has_value(), overview);
-        EXPECT_EQ(std::get<EmptyState>(empty.body).title, downloads ? u"Пока нет загрузок"_s : u"Ничего не найдено"_s);
+        EXPECT_EQ(std::get<EmptyState>(empty.body).title,
+            downloads ? u"Пока нет загрузок"_s : u"Ничего не найдено"_s);
 
         Store& store = load({kadrilo});
         store.saved.insert(kadrilo.id);
-        const CatalogPage full = catalog({.section = section, .search = search.trimmed(), .selected = {}}, store);
+        const CatalogPage full =
+            catalog({.section = section, .search = search.trimmed(), .selected = {}}, store);
 
         const auto* const list = std::get_if<AppList>(&full.body);
         EXPECT_EQ(list != nullptr, search.trimmed().isEmpty()) << "nothing matches x";
@@ -78,9 +80,11 @@ TEST_F(CatalogPageTest, ARowShowsItsEntryAndWhatItsButtonsDo)
     Store& store = load({brisko});
 
     EXPECT_EQ(appRow(brisko),
-        (AppRowContent {u"Brisko"_s, brisko.subtitle, u"Утилиты · 2.4 · "_s + brisko.size(), u"Подробнее о Brisko"_s}));
+        (AppRowContent{
+            u"Brisko"_s, brisko.subtitle, u"Утилиты · 2.4 · "_s + brisko.size(), u"Подробнее о Brisko"_s}));
     EXPECT_EQ(actionButtons(brisko, store),
-        (ActionButtonsContent {u"Загрузить"_s, false, u"Скачать Brisko-2.4.zip"_s, u"Скачать Brisko в ZIP"_s}));
+        (ActionButtonsContent{
+            u"Загрузить"_s, false, u"Скачать Brisko-2.4.zip"_s, u"Скачать Brisko в ZIP"_s}));
 
     platform.bundles.installed["/Applications/Brisko.app"] = brisko.bundleID;
     store.busy.insert(brisko.id);
@@ -90,4 +94,4 @@ TEST_F(CatalogPageTest, ARowShowsItsEntryAndWhatItsButtonsDo)
     EXPECT_FALSE(actionButtons(kadrilo, store).busy);
 }
 
-}
+} // namespace

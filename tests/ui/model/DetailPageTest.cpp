@@ -18,7 +18,8 @@ TEST_F(DetailPageTest, StatesTheFactsOfTheBuild)
 TEST_F(DetailPageTest, NamesTheBundleToInstall)
 {
     EXPECT_EQ(detail(brisko).installText,
-        u"Скачайте ZIP, откройте архив и перенесите Brisko.app в папку «Программы». На этом Mac уже установленное "
+        u"Скачайте ZIP, откройте архив и перенесите Brisko.app в папку «Программы». На этом Mac уже "
+        u"установленное "
         u"приложение можно открыть прямо из магазина."_s);
 }
 
@@ -32,4 +33,4 @@ TEST_F(DetailPageTest, ShowsAScreenshotOfTheFeaturedApplicationAlone)
     EXPECT_EQ(detail(kadrilo).screenshot, std::nullopt);
 }
 
-}
+} // namespace

@@ -19,7 +19,7 @@ protected:
 
 TEST_F(ViewStateTest, ChoosingASectionStartsItAnew)
 {
-    ViewState view {.section = u"Утилиты"_s, .search = u"x"_s, .selected = brisko};
+    ViewState view{.section = u"Утилиты"_s, .search = u"x"_s, .selected = brisko};
     EXPECT_EQ(view.title(), u"Brisko"_s);
 
     view.choose(u"Обзор"_s);
@@ -56,7 +56,8 @@ TEST_F(ViewStateTest, EverySectionListsItsOwnEntriesInCatalogOrder)
 
     ASSERT_EQ(sections().size(), expected.size());
     for (const Section& section : sections())
-        EXPECT_EQ(shown({.section = section.title, .search = {}, .selected = {}}, store), expected.at(section.title));
+        EXPECT_EQ(shown({.section = section.title, .search = {}, .selected = {}}, store),
+            expected.at(section.title));
 }
 
 TEST_F(ViewStateTest, TheSearchLooksInNameSubtitleAndDescriptionAsOneText)
@@ -67,18 +68,18 @@ TEST_F(ViewStateTest, TheSearchLooksInNameSubtitleAndDescriptionAsOneText)
         QStringList expected;
     };
     for (const auto& [search, expected] : {
-             Case {u" "_s, {brisko.id, kadrilo.id}},
-             Case {u"BRISKO АККУРАТНО"_s, {brisko.id}},
-             Case {u"фотографии\u0306"_s, {kadrilo.id}},
-             Case {u"фотографии"_s, {}},
-             Case {u"места они"_s, {brisko.id}},
-             Case {u"места  они"_s, {}},
-             Case {u"сразу. "_s, {}},
-             Case {u"Утилиты"_s, {}},
-             Case {u"порядок"_s, {}},
+             Case{u" "_s, {brisko.id, kadrilo.id}},
+             Case{u"BRISKO АККУРАТНО"_s, {brisko.id}},
+             Case{u"фотографии\u0306"_s, {kadrilo.id}},
+             Case{u"фотографии"_s, {}},
+             Case{u"места они"_s, {brisko.id}},
+             Case{u"места  они"_s, {}},
+             Case{u"сразу. "_s, {}},
+             Case{u"Утилиты"_s, {}},
+             Case{u"порядок"_s, {}},
          })
         EXPECT_EQ(shown({.section = u"Все приложения"_s, .search = search, .selected = {}}, store), expected);
     EXPECT_EQ(shown({.section = u"Медиа"_s, .search = u"brisko"_s, .selected = {}}, store), QStringList());
 }
 
-}
+} // namespace

@@ -1,0 +1,71 @@
+// event_loop BUNDLE FOLDER: saves the archive of the bundle's first entry twice at the same time, and prints
+// the most milliseconds between two turns of the main event loop meanwhile, and then in as long a time
+// without work.
+
+#include "catalog/Catalog.h"
+#include "platform/Platform.h"
+#include "platform/desktop/DesktopBundles.h"
+#include "platform/desktop/DesktopFiles.h"
+#include "platform/session/DesktopJobs.h"
+#include "store/ArchiveJob.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+/// Runs the event loop until told to quit; returns the nanoseconds of its longest turn.
+qint64 longestTurn()
+{
+    qint64 longest = 0;
+    QElapsedTimer turn;
+    QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(
+        &timer, &QTimer::timeout, [&] { longest = std::max(longest, turn.nsecsElapsed()), turn.start(); });
+    turn.start();
+    timer.start(1);
+    QCoreApplication::exec();
+    return longest;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc != 3)
+        return 2;
+    QCoreApplication application(argc, argv);
+    DesktopBundles bundles(Path(argv[1]) / "Contents" / "MacOS" / "PloviStore");
+    DesktopFiles files;
+    const PlatformScope scope(Platform{.bundles = &bundles, .files = &files});
+    DesktopJobs jobs;
+    const auto catalog = readCatalog();
+    if (!catalog)
+        return 1;
+
+    int running = 2;
+    bool saved = true;
+    QElapsedTimer whole;
+    whole.start();
+    for (const char* name : {"first.zip", "second.zip"}) {
+        jobs.start([&, place = Path(argv[2]) / name]() -> Jobs::Task {
+            return [&, outcome = saveArchive(catalog->front(), place)] {
+                saved = saved && outcome;
+                if (--running == 0)
+                    QCoreApplication::quit();
+            };
+        });
+    }
+    const qint64 busy = longestTurn();
+    QTimer end;
+    end.callOnTimeout(&QCoreApplication::quit);
+    end.start(int(whole.elapsed()));
+    const qint64 idle = longestTurn();
+    std::printf("%.2f %.2f\n", double(busy) / 1e6, double(idle) / 1e6);
+    return saved ? 0 : 1;
+}
