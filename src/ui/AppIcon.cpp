@@ -1,7 +1,6 @@
 #include "ui/AppIcon.h"
 
 #include "platform/Platform.h"
-#include "ui/ResourceImage.h"
 #include "ui/kit/Accessibility.h"
 
 #include <QPainter>
@@ -29,7 +28,8 @@ void AppIcon::load()
 {
     const qreal ratio = devicePixelRatio();
     const Path file = Platform::current().bundles->mainResources() / toPath(m_name + ".icns"_L1);
-    m_image = fitted(loadImage(file, int(std::ceil(m_size * ratio))), QSizeF(m_size, m_size), ratio);
+    if (m_resource.load(file, int(std::ceil(m_size * ratio))))
+        m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);
 }
 
 QRectF AppIcon::imageRect() const

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ui/ResourceImage.h"
 #include "ui/kit/Style.h"
 
-#include <QImage>
 #include <QWidget>
 
 /// The icon of an application in a square of its own. Decorative; hidden, and without room, when there is no
@@ -30,5 +30,6 @@ private:
 
     int m_size;
     QString m_name;
+    ResourceImage m_resource;
     QImage m_image;
 };

@@ -7,6 +7,8 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 FeaturedCardView::FeaturedCardView(QWidget* parent)
@@ -36,7 +38,6 @@ void FeaturedCardView::present(const FeaturedCard& card)
     m_summary->setText(card.summary);
     m_action->setText(card.action);
     m_icon->present(card.icon);
-    m_shadow = {};
     setAccessibleName(
         QStringList{card.slogan, card.name, card.summary, card.action}.join(u' ').replace(u'\n', u' '));
 }
@@ -46,7 +47,8 @@ void FeaturedCardView::paintEvent(QPaintEvent* event)
     Card::paintEvent(event);
     if (m_icon->image().isNull())
         return;
-    if (m_shadow.image.isNull())
+    const qint64 picture = m_icon->image().cacheKey();
+    if (std::exchange(m_shadowOwner, picture) != picture)
         m_shadow =
             shadowOf(m_icon->image(), Style::shadowBlur, QPointF(0, Style::shadowOffset), Style::shadow());
     const QPointF icon = m_icon->mapTo(this, QPoint()) + m_icon->imageRect().topLeft();

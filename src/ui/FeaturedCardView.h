@@ -30,4 +30,6 @@ private:
     TextLabel* m_action;
     AppIcon* m_icon;
     Shadow m_shadow;
+    /// Of which picture the shadow is.
+    qint64 m_shadowOwner = 0;
 };

@@ -3,10 +3,15 @@
 #include "platform/Image.h"
 #include "platform/Platform.h"
 
-QImage loadImage(const Path& file, int edge)
+#include <QHashFunctions>
+
+#include <utility>
+
+namespace {
+
+QImage decoded(std::span<const std::byte> file, int edge)
 {
-    const auto bytes = Platform::current().files->read(file);
-    auto image = bytes ? decodeImage(bytes->bytes(), edge) : std::nullopt;
+    auto image = decodeImage(file, edge);
     if (!image)
         return {};
     auto* const kept = new Image(std::move(*image));
@@ -15,12 +20,32 @@ QImage loadImage(const Path& file, int edge)
         [](void* pointer) { delete static_cast<Image*>(pointer); }, kept};
 }
 
-QImage fitted(const QImage& image, const QSizeF& box, qreal devicePixelRatio)
+} // namespace
+
+bool ResourceImage::load(const Path& file, int edge)
 {
-    if (image.isNull())
-        return image;
+    const auto read = Platform::current().files->read(file);
+    const std::span<const std::byte> bytes = read ? read->bytes() : std::span<const std::byte>();
+    const std::size_t content = qHashBits(bytes.data(), bytes.size(), bytes.size());
+    if (std::exchange(m_content, content) == content && std::exchange(m_edge, edge) == edge)
+        return false;
+
+    m_edge = edge;
+    m_image = decoded(bytes, edge);
+    return true;
+}
+
+void ResourceImage::clear()
+{
+    *this = {};
+}
+
+QImage ResourceImage::fitted(const QSizeF& box, qreal devicePixelRatio) const
+{
+    if (m_image.isNull())
+        return {};
     QImage scaled =
-        image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+        m_image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
             .scaled((box * devicePixelRatio).toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     scaled.setDevicePixelRatio(devicePixelRatio);
     return scaled;

@@ -4,9 +4,23 @@
 
 #include <QImage>
 
-/// The picture in a file, read afresh; of a set of pictures the one that suits `edge` device pixels. Null
-/// when the file holds none.
-QImage loadImage(const Path& file, int edge);
+/// The picture in a file. Every load reads the file again; it is decoded again only when its content has
+/// changed, so that a refresh of the window costs little.
+class ResourceImage {
+public:
+    /// Of a set of pictures the one that suits `edge` device pixels is taken. Returns whether the picture is
+    /// another one than before.
+    bool load(const Path& file, int edge);
+    /// Forgets the picture.
+    void clear();
 
-/// A picture scaled once to fit `box`, in logical pixels, on a screen of that device pixel ratio.
-QImage fitted(const QImage& image, const QSizeF& box, qreal devicePixelRatio);
+    /// Null when the file holds no picture that can be read.
+    const QImage& image() const { return m_image; }
+    /// The picture scaled once to fit `box`, in logical pixels, on a screen of that device pixel ratio.
+    QImage fitted(const QSizeF& box, qreal devicePixelRatio) const;
+
+private:
+    std::size_t m_content = 0;
+    int m_edge = 0;
+    QImage m_image;
+};

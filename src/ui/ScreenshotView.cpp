@@ -1,6 +1,5 @@
 #include "ui/ScreenshotView.h"
 
-#include "ui/ResourceImage.h"
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
 
@@ -19,15 +18,15 @@ ScreenshotView::ScreenshotView(QWidget* parent) : QWidget(parent)
 
 void ScreenshotView::present(const std::optional<Path>& file, const QString& accessibleName)
 {
-    QImage image = file ? loadImage(*file, Style::screenshotMaxWidth) : QImage();
-    setVisible(!image.isNull());
     setAccessibleName(accessibleName);
-    if (image == m_image)
-        return;
-    m_image = std::move(image);
-    m_fitted = {};
-    updateGeometry();
-    update();
+    if (!file)
+        m_resource.clear();
+    if (file && m_resource.load(*file, Style::screenshotMaxWidth)) {
+        m_fitted = {};
+        updateGeometry();
+        update();
+    }
+    setVisible(!m_resource.image().isNull());
 }
 
 QSize ScreenshotView::sizeHint() const
@@ -37,9 +36,9 @@ QSize ScreenshotView::sizeHint() const
 
 int ScreenshotView::heightForWidth(int width) const
 {
-    return m_image.isNull()
-        ? 0
-        : m_image.height() * std::min<int>(width, Style::screenshotMaxWidth) / m_image.width();
+    const QSize natural = m_resource.image().size();
+    const int shown = std::min<int>(width, Style::screenshotMaxWidth);
+    return natural.isEmpty() ? 0 : natural.height() * shown / natural.width();
 }
 
 void ScreenshotView::paintEvent(QPaintEvent*)
@@ -48,7 +47,7 @@ void ScreenshotView::paintEvent(QPaintEvent*)
     if (m_fitted.isNull() || m_fitted.devicePixelRatio() != ratio
         || m_fitted.deviceIndependentSize().width() > width()
         || m_fitted.deviceIndependentSize().width() < width() - 1)
-        m_fitted = fitted(m_image, size(), ratio);
+        m_fitted = m_resource.fitted(size(), ratio);
 
     QRectF frame({}, m_fitted.deviceIndependentSize());
     frame.moveCenter(QRectF(rect()).center());

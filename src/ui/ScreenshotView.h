@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/Path.h"
+#include "ui/ResourceImage.h"
 
-#include <QImage>
 #include <QWidget>
 
 #include <optional>
@@ -26,7 +25,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QImage m_image;
+    ResourceImage m_resource;
     /// The picture at the size in which it was drawn last.
     QImage m_fitted;
 };

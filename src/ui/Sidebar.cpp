@@ -25,13 +25,13 @@ QWidget* brandImage()
     auto* const label = new QLabel;
     const int edge = Style::brandImage;
     const qreal ratio = label->devicePixelRatio();
-    const QImage image =
-        loadImage(Platform::current().bundles->mainResources() / "Brand.png", int(edge * ratio));
+    ResourceImage brand;
+    brand.load(Platform::current().bundles->mainResources() / "Brand.png", int(edge * ratio));
     label->setFixedSize(edge, edge);
-    label->setPixmap(QPixmap::fromImage(fitted(image, QSizeF(edge, edge), ratio)));
+    label->setPixmap(QPixmap::fromImage(brand.fitted(QSizeF(edge, edge), ratio)));
     label->setAlignment(Qt::AlignCenter);
     makeDecorative(*label);
-    label->setVisible(!image.isNull());
+    label->setVisible(!brand.image().isNull());
     return label;
 }
 

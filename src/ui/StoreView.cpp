@@ -194,5 +194,6 @@ void StoreView::mousePressEvent(QMouseEvent* event)
 void StoreView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    planRebuild();
+    if (*m_store.message)
+        planRebuild();
 }

@@ -1,8 +1,10 @@
 #include "ui/kit/KitStyle.h"
 
 #include "ui/kit/Style.h"
+#include "ui/kit/Symbols.h"
 
 #include <QFontMetrics>
+#include <QIcon>
 #include <QPainter>
 #include <QStyleOptionMenuItem>
 #include <QStyleOptionSlider>
@@ -43,6 +45,21 @@ int KitStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
+}
+
+// A menu bar asks at once for the arrow that it would show when it is too narrow, and that arrow alone would
+// make Qt load every image plug-in: ours is drawn instead.
+QIcon KitStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const
+{
+    if (icon != SP_ToolBarHorizontalExtensionButton)
+        return QProxyStyle::standardIcon(icon, option, widget);
+    const int edge = 2 * Style::menuBarMarginX;
+    QPixmap arrow(edge, edge);
+    arrow.fill(Qt::transparent);
+    QPainter painter(&arrow);
+    painter.setLayoutDirection(Qt::RightToLeft);
+    drawSymbol(painter, u"chevron.left", arrow.rect(), Style::primaryText());
+    return QIcon(arrow);
 }
 
 QSize KitStyle::sizeFromContents(
