@@ -19,6 +19,7 @@ public:
     void SetUp() override
     {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("LC_ALL", "C.UTF-8");
         qputenv("XDG_RUNTIME_DIR", m_runtime.path().toLocal8Bit());
         static int argumentCount = 1;
         static char name[] = "ui_tests";
