@@ -16,8 +16,8 @@ EmptyStateView::EmptyStateView(QWidget* parent)
           .align = Qt::AlignHCenter}))
 {
     const int symbol = Style::emptySymbol + Style::emptySpacing;
-    setLayout(vstack({.spacing = Style::emptyLineSpacing,
-                         .margins = {0, Style::emptyMargin + symbol, 0, Style::emptyMargin}},
+    const QMargins margins(0, Style::emptyMargin + symbol, 0, Style::emptyMargin);
+    setLayout(vstack({.spacing = Style::emptyLineSpacing, .margins = margins, .align = Qt::AlignHCenter},
         {m_title, m_description}));
 }
 

@@ -16,7 +16,7 @@ public:
     public:
         Result<Buffer> read(const Path& file) const override;
         Result<void> readInBlocks(const Path& file, const Sink& sink) const override;
-        Result<void> writeAtomically(const Path& file, std::span<const std::byte> content) const override;
+        Result<void> writeAtomically(const Path& file, std::span<const std::byte> bytes) const override;
 
         mutable std::map<Path, QByteArray> content;
         /// Error numbers that reading or writing these files ends with.
