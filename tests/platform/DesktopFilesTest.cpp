@@ -65,14 +65,6 @@ TEST_F(DesktopFilesTest, OnlyARegularFileIsReadOrReplaced)
     }
 }
 
-TEST_F(DesktopFilesTest, AFileOfUnknownSizeIsReadToItsEnd)
-{
-    const auto content = files.read("/proc/self/status");
-
-    ASSERT_TRUE(content);
-    EXPECT_GT(content->size(), 0U);
-}
-
 TEST_F(DesktopFilesTest, WhatIsAppendedWhileReadingIsReadToo)
 {
     const Path file = fileWith("file", std::string(300'000, 'x'));
@@ -98,26 +90,6 @@ TEST_F(DesktopFilesTest, AReplacedFileKeepsItsPermissionsAndItsLink)
     EXPECT_EQ(contentOf(file), "new");
     EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0640));
     EXPECT_TRUE(std::filesystem::is_symlink(place("link")));
-}
-
-TEST_F(DesktopFilesTest, ALinkThatLeadsNowhereYetIsFilled)
-{
-    std::filesystem::create_symlink("file", place("link"));
-    std::filesystem::create_symlink("circle", place("circle"));
-
-    ASSERT_TRUE(write(place("link"), "new"));
-
-    EXPECT_EQ(contentOf(place("file")), "new");
-    EXPECT_EQ(write(place("circle"), "new").error(), systemFailure(ELOOP));
-}
-
-TEST_F(DesktopFilesTest, ANewFileHasTheUsualPermissions)
-{
-    const mode_t before = umask(027);
-    ASSERT_TRUE(write(place("file"), "new"));
-    umask(before);
-
-    EXPECT_EQ(std::filesystem::status(place("file")).permissions(), std::filesystem::perms(0640));
 }
 
 /// No file of the process may grow beyond a size, as on a disk without room, for as long as this lives.
@@ -155,23 +127,6 @@ TEST_F(DesktopFilesTest, AFailureKeepsTheOldContentAndLeavesNothingBehind)
         EXPECT_EQ(contentOf(file), "old");
         EXPECT_THAT(names(), ElementsAre("file"));
     }
-}
-
-TEST_F(DesktopFilesTest, AnUnsuitableNameOrFolderIsRefused)
-{
-    EXPECT_EQ(write(place(std::string(300, 'x')), "new").error(), systemFailure(ENAMETOOLONG));
-    EXPECT_EQ(write(place("missing") / "file", "new").error(), systemFailure(ENOENT));
-}
-
-TEST_F(DesktopFilesTest, AProtectedFileIsNotReplaced)
-{
-    if (geteuid() == 0)
-        GTEST_SKIP() << "The system's administrator may write everything.";
-    const Path file = fileWith("file", "old");
-    std::filesystem::permissions(file, std::filesystem::perms(0444));
-
-    EXPECT_EQ(write(file, "new").error(), systemFailure(EACCES));
-    EXPECT_EQ(contentOf(file), "old");
 }
 
 } // namespace

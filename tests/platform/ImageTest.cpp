@@ -47,34 +47,6 @@ TEST(Image, AJpeg2000FileAndABareCodestreamAreRead)
         EXPECT_EQ(decode(pictures::jpeg2000(image, codec)), image);
 }
 
-TEST(Image, EveryKindOfJpeg2000ComponentsIsBroughtToEightBitRgb)
-{
-    struct Row {
-        const char* kind;
-        std::vector<pictures::Component> components;
-        OPJ_COLOR_SPACE space;
-        std::uint32_t colour;
-    };
-    const auto flat = [](int sample, unsigned depth = 8) {
-        return pictures::Component{std::vector(64, sample), depth};
-    };
-    const auto halved = [](int sample) { return pictures::Component{std::vector(16, sample), 8, 2}; };
-    const std::array rows{
-        Row{"grey", {flat(200)}, OPJ_CLRSPC_GRAY, 0xFFC8C8C8},
-        Row{"grey with alpha", {flat(200), flat(16)}, OPJ_CLRSPC_GRAY, 0x10C8C8C8},
-        Row{"RGB", {flat(1), flat(2), flat(3)}, OPJ_CLRSPC_SRGB, 0xFF010203},
-        Row{"1 bit", {flat(1, 1)}, OPJ_CLRSPC_GRAY, 0xFFFFFFFF},
-        Row{"4 bits", {flat(8, 4)}, OPJ_CLRSPC_GRAY, 0xFF888888},
-        Row{"16 bits", {flat(0x8000, 16)}, OPJ_CLRSPC_GRAY, 0xFF808080},
-        Row{"sYCC with halved differences", {flat(76), halved(85), halved(255)}, OPJ_CLRSPC_SYCC, 0xFFFE0000},
-    };
-
-    for (const auto& [kind, components, space, colour] : rows) {
-        SCOPED_TRACE(kind);
-        EXPECT_EQ(decode(pictures::jpeg2000(8, 8, components, space)), pictures::plain(8, 8, colour));
-    }
-}
-
 TEST(IconSet, TheSmallestSufficientPictureIsChosen)
 {
     const File set = iconSet(
@@ -110,29 +82,6 @@ TEST(IconSet, RunLengthPictureTakesItsMask)
     EXPECT_EQ(decode(iconSet({{"is32", planes}, {"s8mk", mask}})), pictures::plain(16, 16, 0x80102030));
     EXPECT_EQ(decode(iconSet({{"is32", planes}})), pictures::plain(16, 16, 0xFF102030));
     EXPECT_EQ(decode(iconSet({{"is32", fromHex("ff10fb10")}})), std::nullopt);
-}
-
-TEST(IconSet, EachRunLengthTypeHasItsSize)
-{
-    struct Row {
-        const char* type;
-        const char* mask;
-        int edge;
-        const char* padding;
-    };
-    for (const auto& row : {Row{"is32", "s8mk", 16, ""}, Row{"il32", "l8mk", 32, ""},
-             Row{"ih32", "h8mk", 48, ""}, Row{"it32", "t8mk", 128, "00000000"}}) {
-        SCOPED_TRACE(row.type);
-        const int pixels = row.edge * row.edge;
-        const File unpacked = repeated("102030", pixels);
-        const File packed = repeated("ff77", 3 * pixels / 128);
-        const File mask = repeated("40", pixels);
-
-        EXPECT_EQ(decode(iconSet({{row.mask, mask}, {row.type, joined({fromHex(row.padding), unpacked})}})),
-            pictures::plain(row.edge, row.edge, 0x40102030));
-        EXPECT_EQ(decode(iconSet({{row.type, joined({fromHex(row.padding), packed})}, {row.mask, mask}})),
-            pictures::plain(row.edge, row.edge, 0x40777777));
-    }
 }
 
 TEST(IconSet, PackedArgbIsRead)

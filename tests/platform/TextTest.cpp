@@ -72,31 +72,4 @@ TEST(SearchText, TurkicLettersHaveTheirOwnCapitals)
     EXPECT_FALSE(contains(u"TITLE"_s, u"title"_s));
 }
 
-TEST(LetterCase, TheUsersLocaleDecides)
-{
-    struct Row {
-        const char* all;
-        const char* letters;
-        const char* language;
-        LetterCase expected;
-    };
-    const std::array rows{
-        Row{"", "", "", LetterCase::Common},
-        Row{"", "", "tr_TR.UTF-8", LetterCase::Turkic},
-        Row{"", "az_AZ", "ru_RU.UTF-8", LetterCase::Turkic},
-        Row{"C", "az_AZ", "tr_TR.UTF-8", LetterCase::Common},
-        Row{"tr", "", "", LetterCase::Turkic},
-        Row{"tru_RU", "", "", LetterCase::Common},
-    };
-
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.all << '/' << row.letters << '/' << row.language);
-        const EnvironmentVariable all("LC_ALL", row.all);
-        const EnvironmentVariable letters("LC_CTYPE", row.letters);
-        const EnvironmentVariable language("LANG", row.language);
-
-        EXPECT_EQ(userLetterCase(), row.expected);
-    }
-}
-
 } // namespace

@@ -35,17 +35,6 @@ QStringList arguments(const PackOrder& order)
 
 } // namespace
 
-TEST(Program, PacksInSilence)
-{
-    const SampleCollection sample;
-
-    const auto ending = run(arguments(sample.order()));
-
-    EXPECT_EQ(ending.status, 0);
-    EXPECT_EQ(ending.output + ending.errors, "");
-    EXPECT_TRUE(std::filesystem::exists(sample.path("out/catalog.json")));
-}
-
 TEST(Program, AFailureIsOneLineAndStatusOne)
 {
     const SampleCollection sample;
@@ -65,13 +54,4 @@ TEST(Program, AFailureIsOneLineAndStatusOne)
         EXPECT_EQ(ending.output, "");
         EXPECT_EQ(ending.errors, "plovistore-pack: " + line + "\n");
     }
-}
-
-TEST(Program, ExplainsItself)
-{
-    const auto ending = run({u"--help"_s});
-
-    EXPECT_EQ(ending.status, 0);
-    for (const auto* option : {"--collection", "--apps", "--output"})
-        EXPECT_THAT(ending.output, HasSubstr(option));
 }

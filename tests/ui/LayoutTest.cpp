@@ -86,7 +86,7 @@ TEST_F(LayoutTest, TheColumnIsAtMost1300WideAndInTheMiddle)
     const QRect column = page->columnRect();
 
     EXPECT_EQ(column.width(), 1300 - 2 * 24);
-    EXPECT_NEAR(column.center().x(), page->viewport()->width() / 2, 1);
+    EXPECT_NEAR(column.center().x(), page->viewport()->rect().center().x(), 1);
 }
 
 } // namespace

@@ -115,18 +115,6 @@ TEST_F(ApplicationRegistryTest, ABundleCopiedBitByBitShowsWhenItIsWhole)
     EXPECT_THAT(find(brisko), Optional(shared / "Brisko.app"));
 }
 
-TEST_F(ApplicationRegistryTest, HundredsOfBundlesAreToldApart)
-{
-    const auto name = [](int i) { return "org.orbanel.app" + std::to_string(i); };
-    for (int i = 0; i < 300; ++i)
-        makeBundle(shared / (std::to_string(i) + ".app"), name(i));
-    settle();
-
-    for (int i = 0; i < 300; ++i)
-        EXPECT_THAT(find(QString::fromStdString(name(i))), Optional(shared / (std::to_string(i) + ".app")));
-    EXPECT_THAT(find(u"org.orbanel.app300"_s), Eq(std::nullopt));
-}
-
 TEST_F(ApplicationRegistryTest, ADesktopEntryCountsWhenItMayBeShownAndNoBundleIsThere)
 {
     const std::string head = "[Desktop Entry]\nType=Application\nName=Brisko\nExec=sh\n";

@@ -27,19 +27,6 @@ TEST(DesktopJobs, WorkRunsElsewhereAndItsTaskOnTheMainThread)
     EXPECT_NE(worker, back);
 }
 
-TEST(DesktopJobs, ATaskWaitsForTheCurrentEventAndKeepsItsTurn)
-{
-    DesktopJobs jobs;
-    std::vector<int> order;
-
-    jobs.onMainThread([&] { order.push_back(2); });
-    jobs.onMainThread([&] { order.push_back(3); });
-    order.push_back(1);
-    QCoreApplication::processEvents();
-
-    EXPECT_THAT(order, ElementsAre(1, 2, 3));
-}
-
 TEST(DesktopJobs, ItsEndWaitsForWorkAndDropsTheTasksLeft)
 {
     std::optional<DesktopJobs> jobs(std::in_place);

@@ -129,18 +129,6 @@ TEST_F(DesktopWorkspaceTest, WhatCannotBeOpenedSaysWhy)
     EXPECT_EQ(open(applications / "Nowhere.app").error(), systemFailure(ENOENT));
 }
 
-TEST_F(DesktopWorkspaceTest, ABundleMayNotNameAProgramOutsideItself)
-{
-    const Path bundle = makeBundle(applications / "Sly.app",
-        "org.orbanel.sly</string><key>CFBundleExecutable</key>"
-        "<string>../../../outside");
-    writeProgram(applications, "inside", reporter);
-    std::filesystem::rename(applications / "Contents/MacOS/inside", applications / "outside");
-    session::makeFolder(bundle / "Contents/MacOS");
-
-    EXPECT_FALSE(open(bundle));
-}
-
 TEST_F(DesktopWorkspaceTest, ADesktopEntryIsOpenedInItsOwnSession)
 {
     const std::string head = "[Desktop Entry]\nType=Application\nName=Brisko\n";
@@ -156,13 +144,6 @@ TEST_F(DesktopWorkspaceTest, ADesktopEntryIsOpenedInItsOwnSession)
     EXPECT_EQ(open(home() / "bad.desktop").error().localizedDescription,
         u"Ярлык программы повреждён или отключён."_s);
     EXPECT_EQ(open(home() / "missing.desktop").error(), systemFailure(ENOENT));
-}
-
-TEST_F(DesktopWorkspaceTest, AWebPageGoesToTheBrowser)
-{
-    workspace.openURL(u"https://orbanel.example/store"_s);
-
-    EXPECT_EQ(session::nextReport(), "https://orbanel.example/store");
 }
 
 TEST_F(DesktopWorkspaceTest, RevealingAsksTheFileManagerElseOpensTheFolder)

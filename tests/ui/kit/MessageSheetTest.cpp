@@ -64,18 +64,6 @@ TEST_F(MessageSheetTest, EveryWayOutDismissesOnceAndGivesTheFocusBack)
     }
 }
 
-TEST_F(MessageSheetTest, TheProgramDismissesSilentlyAndLeavesAFocusThatIsGoneAlone)
-{
-    present();
-    m_field.hide();
-
-    m_sheet.dismiss();
-
-    EXPECT_TRUE(m_sheet.isHidden());
-    EXPECT_EQ(m_dismissed.count(), 0);
-    EXPECT_FALSE(m_field.hasFocus());
-}
-
 TEST_F(MessageSheetTest, TheFocusAndTheKeysStayInside)
 {
     const QShortcut search(QKeySequence(u"Ctrl+F"_s), &m_window);

@@ -42,21 +42,6 @@ protected:
 
 } // namespace
 
-TEST_F(PageScrollTest, TheColumnNeverGoesSidewaysAndStandsInTheMiddle)
-{
-    for (const auto& [width, column] : {std::pair{700, 652}, {1300, 1252}, {1800, 1252}}) {
-        SCOPED_TRACE(width);
-
-        m_window.resize(width, 500);
-        QCoreApplication::processEvents();
-
-        EXPECT_EQ(m_scroll->widget()->width(), width);
-        EXPECT_EQ(m_scroll->horizontalScrollBar()->maximum(), 0);
-        EXPECT_EQ(m_scroll->columnRect().width(), Style::px(column));
-        EXPECT_EQ(m_scroll->columnRect().x(), (width - Style::px(column)) / 2);
-    }
-}
-
 TEST_F(PageScrollTest, KeysScrollWhileTheFocusIsInside)
 {
     m_first->setFocus();

@@ -46,12 +46,3 @@ TEST(Symbols, EveryNamedDrawingIsItsOwnAndStaysInItsBox)
         EXPECT_NE(drawn(name), nothing);
     }
 }
-
-TEST(Symbols, OnlyWhatPointsAlongTheTextIsMirrored)
-{
-    const auto mirrored = [](const QString& name) { return drawn(name, Qt::RightToLeft) != drawn(name); };
-
-    EXPECT_TRUE(mirrored(u"chevron.left"_s));
-    EXPECT_TRUE(mirrored(u"arrow.up.right"_s));
-    EXPECT_FALSE(mirrored(u"checkmark"_s));
-}

@@ -29,18 +29,6 @@ QString toolTipOf(QWidget& widget)
     return shown.toPlainText();
 }
 
-int lowestInk(QWidget& widget)
-{
-    QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::black);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    for (int y = image.height() - 1; y >= 0; --y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qRed(image.pixel(x, y)) > 100)
-                return y;
-    return -1;
-}
-
 } // namespace
 
 TEST(TextLabel, ATextThatIsCutIsWholeInItsTooltipAndExactlyAsTyped)
@@ -77,17 +65,6 @@ TEST(TextLabel, OnlyNeighbouringLinesStandTheExtraDistanceApart)
     }
 }
 
-TEST(TextLabel, LettersStandOnTheFirstBaseline)
-{
-    for (const TextLook& look : {TextLook{}, TextLook{.style = Style::pageTitle, .lines = Lines::Wrapped},
-             TextLook{.style = Style::cardName}, TextLook{.lines = Lines::Wrapped}}) {
-        TextLabel label(look, u"НИ"_s);
-        label.resize(label.sizeHint());
-
-        EXPECT_NEAR(lowestInk(label), label.firstBaseline() - 1, 1);
-    }
-}
-
 TEST(SelectableText, IsAsHighAsItsLinesWithoutExtraAfterTheLast)
 {
     constexpr int extra = 6;
@@ -101,34 +78,4 @@ TEST(SelectableText, IsAsHighAsItsLinesWithoutExtraAfterTheLast)
 
         EXPECT_EQ(text.heightForWidth(width), text.document()->size().height() - extra);
     }
-}
-
-TEST(SelectableText, TheSameTextAgainKeepsTheSelection)
-{
-    SelectableText text(Style::description, Style::secondaryText(), {6});
-    text.present(u"<b>как есть</b>"_s);
-    text.selectAll();
-
-    text.present(u"<b>как есть</b>"_s);
-    EXPECT_EQ(text.textCursor().selectedText(), u"<b>как есть</b>"_s);
-
-    text.present(u"другое"_s);
-    EXPECT_FALSE(text.textCursor().hasSelection());
-}
-
-TEST(SelectableText, TabAndTheWheelBelongToThePage)
-{
-    QWidget window;
-    SelectableText text(Style::description, Style::secondaryText(), {6}, &window);
-    QLineEdit next(&window);
-    text.present(u"слово\n"_s.repeated(30));
-    window.show();
-    text.setFocus();
-
-    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(text.viewport(), &wheel);
-    EXPECT_FALSE(wheel.isAccepted());
-
-    QTest::keyClick(&text, Qt::Key_Tab);
-    EXPECT_EQ(window.focusWidget(), &next);
 }
