@@ -8,7 +8,6 @@
 #include <png.h>
 
 using namespace Qt::StringLiterals;
-using testing::StartsWith;
 
 namespace {
 

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
-using testing::HasSubstr;
 
 namespace {
 

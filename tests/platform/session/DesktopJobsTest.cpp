@@ -9,7 +9,6 @@
 #include <latch>
 #include <optional>
 
-using testing::ElementsAre;
 
 TEST(DesktopJobs, WorkRunsElsewhereAndItsTaskOnTheMainThread)
 {
