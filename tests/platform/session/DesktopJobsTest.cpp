@@ -9,7 +9,6 @@
 #include <latch>
 #include <optional>
 
-
 TEST(DesktopJobs, WorkRunsElsewhereAndItsTaskOnTheMainThread)
 {
     DesktopJobs jobs;
