@@ -3,9 +3,9 @@
 #include "SampleBundle.h"
 #include "catalog/CodingKeys.h"
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFiles.h"
-#include "platform/session/ApplicationRegistry.h"
+#include "platform/desktop/ApplicationRegistry.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
 #include "store/Store.h"
 #include "ui/model/ViewState.h"
 
@@ -51,8 +51,8 @@ struct SampleStore {
     explicit SampleStore(int entries) : bundle(entries, {}), bundles(bundle.executable()) { }
 
     SampleBundle bundle;
-    DesktopBundles bundles;
-    DesktopFiles files;
+    PosixBundles bundles;
+    PosixFiles files;
     PlatformScope scope{Platform{.bundles = &bundles, .files = &files}};
 };
 

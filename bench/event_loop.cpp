@@ -4,9 +4,9 @@
 
 #include "catalog/Catalog.h"
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFiles.h"
-#include "platform/session/DesktopJobs.h"
+#include "platform/desktop/DesktopJobs.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
 #include "store/ArchiveJob.h"
 
 #include <QCoreApplication>
@@ -40,8 +40,8 @@ int main(int argc, char* argv[])
     if (argc != 3)
         return 2;
     QCoreApplication application(argc, argv);
-    DesktopBundles bundles(Path(argv[1]) / "Contents" / "MacOS" / "PloviStore");
-    DesktopFiles files;
+    PosixBundles bundles(Path(argv[1]) / "Contents" / "MacOS" / "PloviStore");
+    PosixFiles files;
     const PlatformScope scope(Platform{.bundles = &bundles, .files = &files});
     DesktopJobs jobs;
     const auto catalog = readCatalog();

@@ -2,8 +2,8 @@
 
 #include "catalog/Catalog.h"
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFiles.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
 #include "store/ArchiveJob.h"
 
 #include <cstdio>
@@ -12,8 +12,8 @@ int main(int argc, char* argv[])
 {
     if (argc != 3)
         return 2;
-    DesktopBundles bundles(Path(argv[1]) / "Contents" / "MacOS" / "PloviStore");
-    DesktopFiles files;
+    PosixBundles bundles(Path(argv[1]) / "Contents" / "MacOS" / "PloviStore");
+    PosixFiles files;
     const PlatformScope scope(Platform{.bundles = &bundles, .files = &files});
     const auto catalog = readCatalog();
     const auto outcome = catalog ? saveArchive(catalog->front(), argv[2]) : tl::unexpected(catalog.error());

@@ -3,11 +3,11 @@
 
 #include "SampleBundle.h"
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFileManager.h"
-#include "platform/desktop/DesktopFiles.h"
-#include "platform/session/DesktopJobs.h"
-#include "platform/session/DesktopWorkspace.h"
+#include "platform/desktop/DesktopJobs.h"
+#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixUserFolders.h"
 #include "ui/StoreView.h"
 #include "ui/kit/Style.h"
 
@@ -34,12 +34,12 @@ struct SampleWindow {
     }
 
     SampleBundle bundle;
-    DesktopBundles bundles;
-    DesktopFiles files;
-    DesktopFileManager fileManager;
+    PosixBundles bundles;
+    PosixFiles files;
+    PosixUserFolders userFolders;
     DesktopWorkspace workspace;
     DesktopJobs jobs;
-    PlatformScope scope{Platform{&bundles, &files, &fileManager, &workspace, nullptr, &jobs}};
+    PlatformScope scope{Platform{&bundles, &files, &userFolders, &workspace, nullptr, &jobs}};
     Store store;
     StoreView view{store};
 };

@@ -1,9 +1,9 @@
 #include "app/SelfTest.h"
 #include "app/window/WindowModule.h"
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFileManager.h"
-#include "platform/desktop/DesktopFiles.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixUserFolders.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,11 +14,11 @@
 
 namespace {
 
-int selfTest(DesktopBundles& bundles)
+int selfTest(PosixBundles& bundles)
 {
-    DesktopFiles files;
-    DesktopFileManager fileManager;
-    const PlatformScope platform({.bundles = &bundles, .files = &files, .fileManager = &fileManager});
+    PosixFiles files;
+    PosixUserFolders userFolders;
+    const PlatformScope platform({.bundles = &bundles, .files = &files, .userFolders = &userFolders});
     return runSelfTest();
 }
 
@@ -39,7 +39,7 @@ int window(const Bundles& bundles, int argc, char* argv[])
 int main(int argc, char* argv[])
 {
     using namespace std::string_view_literals;
-    DesktopBundles bundles;
+    PosixBundles bundles;
     if (std::ranges::count(std::span(argv, std::size_t(argc)), "--self-test"sv) > 0)
         return selfTest(bundles);
     return window(bundles, argc, argv);

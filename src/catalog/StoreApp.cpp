@@ -55,7 +55,7 @@ std::optional<Path> StoreApp::installedURL() const
 {
     const Platform& platform = Platform::current();
     const Path bundle = toPath(name + ".app"_L1);
-    for (const Path& folder : {Path("/Applications"), platform.fileManager->homeFolder() / "Applications"}) {
+    for (const Path& folder : {Path("/Applications"), platform.userFolders->homeFolder() / "Applications"}) {
         if (platform.bundles->bundleIdentifier(folder / bundle) == bundleID)
             return folder / bundle;
     }

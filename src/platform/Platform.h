@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/Bundles.h"
-#include "platform/FileManager.h"
 #include "platform/Files.h"
 #include "platform/Jobs.h"
 #include "platform/SavePanel.h"
+#include "platform/UserFolders.h"
 #include "platform/Workspace.h"
 
 /// The machine as the program sees it: one role for each kind of service. The only thing that is global, so
@@ -12,7 +12,7 @@
 struct Platform {
     Bundles* bundles = nullptr;
     Files* files = nullptr;
-    FileManager* fileManager = nullptr;
+    UserFolders* userFolders = nullptr;
     /// The roles below need the user's session; the self-test runs without them.
     Workspace* workspace = nullptr;
     SavePanel* savePanel = nullptr;

@@ -60,7 +60,7 @@ void Store::save(const StoreApp& app)
     const auto destination = platform.savePanel->runModal({
         .title = u"Скачать "_s + entry.name,
         .proposedName = entry.archive,
-        .folder = platform.fileManager->downloadsFolder(),
+        .folder = platform.userFolders->downloadsFolder(),
     });
     if (!destination)
         return;

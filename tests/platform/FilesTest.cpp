@@ -1,4 +1,4 @@
-#include "platform/desktop/DesktopFiles.h"
+#include "platform/posix/PosixFiles.h"
 #include "support/FakePlatform.h"
 
 #include <QTemporaryDir>
@@ -11,7 +11,7 @@ namespace {
 
 struct DesktopMachine {
     QTemporaryDir folder;
-    DesktopFiles files;
+    PosixFiles files;
 
     Path place(const char* name) const { return toPath(folder.path()) / name; }
 };

@@ -92,7 +92,7 @@ TEST_F(StoreTest, AsksWhereToSaveUnderTheEntrysNames)
     QObject::connect(&store, &Store::objectWillChange, [&] { ++changes; });
 
     store.save(brisko);
-    platform.fileManager.downloads.reset();
+    platform.userFolders.downloads.reset();
     store.save(brisko);
 
     EXPECT_THAT(platform.savePanel.shown,

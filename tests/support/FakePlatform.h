@@ -34,7 +34,7 @@ public:
         std::map<Path, QString> installed;
     };
 
-    class FakeFileManager final : public FileManager {
+    class FakeUserFolders final : public UserFolders {
     public:
         Path homeFolder() const override { return "/home/user"; }
         std::optional<Path> downloadsFolder() const override { return downloads; }
@@ -78,7 +78,7 @@ public:
 
     FakeFiles files;
     FakeBundles bundles;
-    FakeFileManager fileManager;
+    FakeUserFolders userFolders;
     FakeWorkspace workspace;
     FakeSavePanel savePanel;
     FakeJobs jobs;
@@ -87,5 +87,5 @@ public:
     Path resource(const Path& name) const { return bundles.mainResources() / name; }
 
 private:
-    PlatformScope m_scope{Platform{&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
+    PlatformScope m_scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};
 };

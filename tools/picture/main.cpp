@@ -1,9 +1,9 @@
 #include "app/window/StoreWindow.h"
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFileManager.h"
-#include "platform/desktop/DesktopFiles.h"
-#include "platform/session/DesktopWorkspace.h"
+#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixUserFolders.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -25,12 +25,12 @@ int main(int argc, char* argv[])
     }
 
     Style::applyTo(application);
-    DesktopBundles bundles(toPath(arguments[1]) / "Contents/MacOS/PloviStore");
-    DesktopFiles files;
-    DesktopFileManager fileManager;
+    PosixBundles bundles(toPath(arguments[1]) / "Contents/MacOS/PloviStore");
+    PosixFiles files;
+    PosixUserFolders userFolders;
     DesktopWorkspace workspace;
     const PlatformScope platform(
-        {.bundles = &bundles, .files = &files, .fileManager = &fileManager, .workspace = &workspace});
+        {.bundles = &bundles, .files = &files, .userFolders = &userFolders, .workspace = &workspace});
     Store store;
     StoreWindow window(store);
     window.resize(Style::windowWidth, Style::windowHeight);

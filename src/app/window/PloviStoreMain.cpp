@@ -1,13 +1,13 @@
 #include "app/window/PloviStoreMain.h"
 
 #include "platform/Platform.h"
-#include "platform/desktop/DesktopBundles.h"
-#include "platform/desktop/DesktopFileManager.h"
-#include "platform/desktop/DesktopFiles.h"
-#include "platform/session/DesktopJobs.h"
-#include "platform/session/DesktopSavePanel.h"
-#include "platform/session/DesktopWorkspace.h"
-#include "platform/session/SingleInstance.h"
+#include "platform/desktop/DesktopJobs.h"
+#include "platform/desktop/DesktopSavePanel.h"
+#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/SingleInstance.h"
+#include "platform/posix/PosixBundles.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixUserFolders.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -21,15 +21,15 @@ namespace {
 
 /// The roles of this machine, installed as long as they live.
 struct DesktopPlatform {
-    DesktopBundles bundles;
-    DesktopFiles files;
-    DesktopFileManager fileManager;
+    PosixBundles bundles;
+    PosixFiles files;
+    PosixUserFolders userFolders;
     // Destroyed before the files, which its last work uses, and after the workspace, whose last answer comes
     // through it.
     DesktopJobs jobs;
     DesktopWorkspace workspace;
     DesktopSavePanel savePanel{&QApplication::activeWindow};
-    PlatformScope scope{Platform{&bundles, &files, &fileManager, &workspace, &savePanel, &jobs}};
+    PlatformScope scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};
 };
 
 /// The program speaks Russian wherever it runs, and so do the dialogs and menus that Qt brings.

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/desktop/ApplicationFolder.h"
+
+/// Where the applications of this machine lie: bundles in the given folders, whatever their file names, then
+/// desktop entries named `<identifier>.desktop`. Main thread.
+class ApplicationRegistry {
+public:
+    /// Of several folders that hold a bundle, the first wins.
+    explicit ApplicationRegistry(const std::vector<Path>& folders);
+
+    /// The bundle, or the desktop entry's file, as of now. The first look reads all bundles.
+    std::optional<Path> applicationWithIdentifier(const QString& identifier);
+
+private:
+    std::vector<ApplicationFolder> m_folders;
+};

@@ -1,0 +1,101 @@
+#include "platform/desktop/DesktopEntries.h"
+
+#include "platform/desktop/ProgramEnvironment.h"
+
+#include <gio/gdesktopappinfo.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <memory>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Release {
+    void operator()(gpointer object) const { g_object_unref(object); }
+    void operator()(GError* error) const { g_error_free(error); }
+};
+
+using AppInfo = std::unique_ptr<GDesktopAppInfo, Release>;
+using LaunchContext = std::unique_ptr<GAppLaunchContext, Release>;
+using Error = std::unique_ptr<GError, Release>;
+
+/// The application of a desktop entry; none when the entry is damaged or hidden, or its program is missing.
+AppInfo readEntry(const Path& file)
+{
+    AppInfo entry(g_desktop_app_info_new_from_filename(file.c_str()));
+    return entry && !g_desktop_app_info_get_is_hidden(entry.get()) ? std::move(entry) : nullptr;
+}
+
+LaunchContext cleanContext()
+{
+    LaunchContext context(g_app_launch_context_new());
+    for (const auto& name : ownVariables())
+        g_app_launch_context_unsetenv(context.get(), name.c_str());
+    return context;
+}
+
+/// GIO connects to the session bus for every launch, and by default ends the process when that bus goes away.
+void surviveTheBus()
+{
+    const std::unique_ptr<GDBusConnection, Release> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (bus)
+        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+}
+
+void leaveSession(gpointer)
+{
+    ::setsid();
+}
+
+Failure failure(const GError& error)
+{
+    if (error.domain == G_SPAWN_ERROR) {
+        switch (error.code) {
+        case G_SPAWN_ERROR_NOENT:
+            return {systemDomain, ENOENT, u"Программа, на которую указывает ярлык, не найдена."_s};
+        case G_SPAWN_ERROR_ACCES:
+        case G_SPAWN_ERROR_PERM:
+            return systemFailure(EACCES);
+        case G_SPAWN_ERROR_NOEXEC:
+            return systemFailure(ENOEXEC);
+        default:
+            break;
+        }
+    }
+    return {u"GIO"_s, error.code, u"Рабочий стол не смог запустить программу."_s};
+}
+
+} // namespace
+
+bool isUsableDesktopEntry(const Path& file)
+{
+    return readEntry(file) != nullptr;
+}
+
+Result<void> openDesktopEntry(const Path& file)
+{
+    const AppInfo entry = readEntry(file);
+    if (!entry) {
+        if (!std::filesystem::exists(file))
+            return tl::unexpected(systemFailure(ENOENT));
+        return tl::unexpected(Failure{u"GIO"_s, 0, u"Ярлык программы повреждён или отключён."_s});
+    }
+
+    surviveTheBus();
+    const auto flags =
+        GSpawnFlags(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
+    GError* error = nullptr;
+    if (g_desktop_app_info_launch_uris_as_manager(entry.get(), nullptr, cleanContext().get(), flags,
+            leaveSession, nullptr, nullptr, nullptr, &error))
+        return {};
+    return tl::unexpected(failure(*Error(error)));
+}
+
+void openWithDefaultProgram(const QString& address)
+{
+    surviveTheBus();
+    g_app_info_launch_default_for_uri(address.toUtf8().constData(), cleanContext().get(), nullptr);
+}

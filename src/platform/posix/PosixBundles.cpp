@@ -1,0 +1,32 @@
+#include "platform/posix/PosixBundles.h"
+
+#include "platform/posix/BundleInfo.h"
+
+namespace {
+
+Path realPath(const Path& path)
+{
+    std::error_code error;
+    const Path real = std::filesystem::canonical(path, error);
+    return error ? path : real;
+}
+
+} // namespace
+
+PosixBundles::PosixBundles() : PosixBundles("/proc/self/exe") { }
+
+PosixBundles::PosixBundles(const Path& executable)
+    : m_resources(realPath(executable).parent_path().parent_path() / "Resources")
+{
+}
+
+Path PosixBundles::mainResources() const
+{
+    return m_resources;
+}
+
+std::optional<QString> PosixBundles::bundleIdentifier(const Path& place) const
+{
+    const auto info = readBundleInfo(place);
+    return info && !info->identifier.isEmpty() ? std::optional(info->identifier) : std::nullopt;
+}
