@@ -21,7 +21,31 @@ function(plovi_layer)
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${target} PUBLIC plovi_options ${below_targets} ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
 
+    if("Qt6::Widgets" IN_LIST arg_LINKS)
+        plovi_precompile(${target} widgets)
+    else()
+        plovi_precompile(${target} core)
+    endif()
     plovi_include_rule("${name}" "${arg_BELOW}")
+endfunction()
+
+# Lets the target read the library headers that nearly every file wants from one precompiled copy, which the first target
+# of each `kind` (core, widgets, tests) makes for the others. The preset `tidy` builds without, so that each file still
+# includes what it uses.
+function(plovi_precompile target kind)
+    get_property(owner GLOBAL PROPERTY PLOVI_PRECOMPILED_${kind})
+    if(owner)
+        target_precompile_headers(${target} REUSE_FROM ${owner})
+        return()
+    endif()
+    set(headers <QString> <algorithm> <filesystem> <functional> <map> <memory> <optional> <span> <vector>)
+    if(kind STREQUAL widgets)
+        list(APPEND headers <QApplication> <QBoxLayout> <QPainter> <QWidget>)
+    elseif(kind STREQUAL tests)
+        list(APPEND headers <gmock/gmock.h>)
+    endif()
+    target_precompile_headers(${target} PRIVATE ${headers})
+    set_property(GLOBAL PROPERTY PLOVI_PRECOMPILED_${kind} ${target})
 endfunction()
 
 # Says that the files of src/<name> include only their own layer and those in the list `below`.
