@@ -1,9 +1,8 @@
 #include "SampleBundle.h"
 
+#include "catalog/Catalog.h"
+
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <array>
 
@@ -21,26 +20,26 @@ QString inTurn(const std::array<QStringView, count>& texts, int index)
     return texts.at(std::size_t(index) % count).toString();
 }
 
-QJsonObject entry(int index)
+StoreApp entry(int index)
 {
     const QString sentence =
         u"Ещё одно приложение под номером %1, о котором рассказано подробно. "_s.arg(index);
     return {
-        {u"id"_s, u"app%1"_s.arg(index)},
-        {u"name"_s, inTurn(names, index)},
-        {u"category"_s, inTurn(categories, index)},
-        {u"subtitle"_s, u"Коротко о приложении %1"_s.arg(index)},
-        {u"headline"_s, u"Порядок без лишних вопросов"_s},
-        {u"description"_s, sentence.repeated(8)},
-        {u"tint"_s, u"red"_s},
-        {u"version"_s, u"1.%1"_s.arg(index)},
-        {u"bundleID"_s, u"org.orbanel.app%1"_s.arg(index)},
-        {u"minimum"_s, u"13.0"_s},
-        {u"archive"_s, u"App%1.zip"_s.arg(index)},
-        {u"sha256"_s, u"0123456789abcdef"_s.repeated(4)},
-        {u"architecture"_s, u"arm64 x86_64"_s},
-        {u"features"_s, QJsonArray{u"Быстрый поиск"_s, u"Отмена действий"_s, u"Работа без сети"_s}},
-        {u"bytes"_s, 1'000'000 + index},
+        .id = u"app%1"_s.arg(index),
+        .name = inTurn(names, index),
+        .category = inTurn(categories, index),
+        .subtitle = u"Коротко о приложении %1"_s.arg(index),
+        .headline = u"Порядок без лишних вопросов"_s,
+        .description = sentence.repeated(8),
+        .tint = u"red"_s,
+        .version = u"1.%1"_s.arg(index),
+        .bundleID = u"org.orbanel.app%1"_s.arg(index),
+        .minimum = u"13.0"_s,
+        .archive = u"App%1.zip"_s.arg(index),
+        .sha256 = u"0123456789abcdef"_s.repeated(4),
+        .architecture = u"arm64 x86_64"_s,
+        .features = {u"Быстрый поиск"_s, u"Отмена действий"_s, u"Работа без сети"_s},
+        .bytes = 1'000'000 + index,
     };
 }
 
@@ -48,10 +47,10 @@ QJsonObject entry(int index)
 
 QByteArray sampleCatalog(int entries)
 {
-    QJsonArray catalog;
+    Catalog catalog;
     for (int index = 0; index < entries; ++index)
-        catalog.append(entry(index));
-    return QJsonDocument(catalog).toJson();
+        catalog.push_back(entry(index));
+    return encodeCatalog(catalog);
 }
 
 SampleBundle::SampleBundle(int entries, const Path& iconFolder)

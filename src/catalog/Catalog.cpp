@@ -1,6 +1,6 @@
 #include "catalog/Catalog.h"
 
-#include "catalog/CodingKeys.h"
+#include "catalog/Fields.h"
 #include "platform/Platform.h"
 
 #include <QJsonDocument>
@@ -56,27 +56,28 @@ class EntryReader {
 public:
     EntryReader(dom::object object, qsizetype position) : m_object(object), m_position(position) { }
 
-    QString text(CodingKeys key) { return toText(value<std::string_view>(key, u"текст"_s).value_or("")); }
-    qint64 integer(CodingKeys key)
+    void read(CodingKeys key, QString& field)
     {
-        return value<std::int64_t>(key, u"целое число меньше 2⁶³"_s).value_or(0);
+        field = toText(value<std::string_view>(key, u"текст"_s).value_or(""));
     }
-    QStringList texts(CodingKeys key)
+    void read(CodingKeys key, qint64& field)
+    {
+        field = value<std::int64_t>(key, u"целое число меньше 2⁶³"_s).value_or(0);
+    }
+    void read(CodingKeys key, QStringList& field)
     {
         const QString expected = u"список текстов"_s;
-        QStringList result;
         const auto items = value<dom::array>(key, expected);
         if (!items)
-            return result;
+            return;
         for (const dom::element item : *items) {
             std::string_view text;
             if (item.get(text) != simdjson::SUCCESS) {
                 fail(CatalogError::WrongType, key, expected);
                 break;
             }
-            result.append(toText(text));
+            field.append(toText(text));
         }
-        return result;
     }
 
     const std::optional<Failure>& failed() const { return m_failure; }
@@ -125,25 +126,9 @@ Result<StoreApp> decodeEntry(dom::element element, qsizetype position)
     if (element.get(object) != simdjson::SUCCESS)
         return failure(CatalogError::NotAnEntry, u"Запись %1 каталога — не объект JSON."_s.arg(position));
 
-    // The members of a braced list are read in the order in which they stand, which is the order of the keys.
     EntryReader reader(object, position);
-    StoreApp app{
-        .id = reader.text(CodingKeys::id),
-        .name = reader.text(CodingKeys::name),
-        .category = reader.text(CodingKeys::category),
-        .subtitle = reader.text(CodingKeys::subtitle),
-        .headline = reader.text(CodingKeys::headline),
-        .description = reader.text(CodingKeys::description),
-        .tint = reader.text(CodingKeys::tint),
-        .version = reader.text(CodingKeys::version),
-        .bundleID = reader.text(CodingKeys::bundleID),
-        .minimum = reader.text(CodingKeys::minimum),
-        .archive = reader.text(CodingKeys::archive),
-        .sha256 = reader.text(CodingKeys::sha256),
-        .architecture = reader.text(CodingKeys::architecture),
-        .features = reader.texts(CodingKeys::features),
-        .bytes = reader.integer(CodingKeys::bytes),
-    };
+    StoreApp app;
+    forEachField([&](CodingKeys key, auto field) { reader.read(key, app.*field); });
     if (reader.failed())
         return tl::unexpected(*reader.failed());
     return app;

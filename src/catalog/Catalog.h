@@ -3,6 +3,8 @@
 #include "catalog/StoreApp.h"
 #include "platform/Failure.h"
 
+#include <QByteArray>
+
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -19,6 +21,9 @@ enum class CatalogError { NotJson, NotAList, NotAnEntry, MissingKey, NullValue, 
 /// are ignored. Fails as a whole: the failure names the line of broken JSON, or the entry, counted from 1,
 /// and its first offending key in the order of `CodingKeys`. Any bytes are safe. Any thread.
 Result<Catalog> decodeCatalog(std::span<const std::byte> json);
+
+/// The content of a catalog file with these entries, which `decodeCatalog` reads: one key a line. Any thread.
+QByteArray encodeCatalog(const Catalog& catalog);
 
 /// Reads `catalog.json` in the program's resource folder. Any thread.
 Result<Catalog> readCatalog();

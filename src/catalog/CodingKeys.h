@@ -24,7 +24,7 @@ enum class CodingKeys {
     bytes,
 };
 
-inline constexpr std::array<std::string_view, 15> codingKeyTexts{
+inline constexpr std::array codingKeyTexts = std::to_array<std::string_view>({
     "id",
     "name",
     "category",
@@ -40,7 +40,7 @@ inline constexpr std::array<std::string_view, 15> codingKeyTexts{
     "architecture",
     "features",
     "bytes",
-};
+});
 
 /// The key as it is spelled in the file.
 constexpr std::string_view keyText(CodingKeys key)

@@ -1,33 +1,50 @@
 #include "catalog/StoreApp.h"
 
+#include "catalog/Fields.h"
 #include "platform/ByteCountFormatter.h"
 #include "platform/Platform.h"
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array textFields{
-    &StoreApp::id,
-    &StoreApp::name,
-    &StoreApp::category,
-    &StoreApp::subtitle,
-    &StoreApp::headline,
-    &StoreApp::description,
-    &StoreApp::tint,
-    &StoreApp::version,
-    &StoreApp::bundleID,
-    &StoreApp::minimum,
-    &StoreApp::archive,
-    &StoreApp::sha256,
-    &StoreApp::architecture,
-};
-
+bool same(const QString& one, const QString& other)
+{
+    return canonicallyEqual(one, other);
 }
+
+bool same(const QStringList& one, const QStringList& other)
+{
+    return std::ranges::equal(one, other, canonicallyEqual);
+}
+
+bool same(qint64 one, qint64 other)
+{
+    return one == other;
+}
+
+std::size_t hashed(std::size_t seed, const QString& text)
+{
+    return qHashMulti(seed, canonicalHash(text));
+}
+
+std::size_t hashed(std::size_t seed, const QStringList& texts)
+{
+    seed = qHashMulti(seed, texts.size());
+    for (const QString& text : texts)
+        seed = hashed(seed, text);
+    return seed;
+}
+
+std::size_t hashed(std::size_t seed, qint64 number)
+{
+    return qHashMulti(seed, number);
+}
+
+} // namespace
 
 QString StoreApp::size() const
 {
@@ -64,18 +81,14 @@ std::optional<Path> StoreApp::installedURL() const
 
 bool StoreApp::operator==(const StoreApp& other) const
 {
-    return std::ranges::all_of(
-               textFields, [&](auto field) { return canonicallyEqual(this->*field, other.*field); })
-        && std::ranges::equal(features, other.features, canonicallyEqual) && bytes == other.bytes;
+    bool equal = true;
+    forEachField([&](CodingKeys, auto field) { equal = equal && same(this->*field, other.*field); });
+    return equal;
 }
 
 std::size_t std::hash<StoreApp>::operator()(const StoreApp& app) const
 {
     std::size_t seed = 0;
-    for (auto field : textFields)
-        seed = qHashMulti(seed, canonicalHash(app.*field));
-    seed = qHashMulti(seed, app.features.size());
-    for (const QString& feature : app.features)
-        seed = qHashMulti(seed, canonicalHash(feature));
-    return qHashMulti(seed, app.bytes);
+    forEachField([&](CodingKeys, auto field) { seed = hashed(seed, app.*field); });
+    return seed;
 }

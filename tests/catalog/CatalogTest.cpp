@@ -24,7 +24,7 @@ Result<Catalog> decode(const QByteArray& json)
 QByteArray withSecond(const QString& key, const QJsonValue& value)
 {
     QJsonArray entries =
-        QJsonDocument::fromJson(sample::catalogFile({sample::brisko(), sample::kadrilo()})).array();
+        QJsonDocument::fromJson(encodeCatalog({sample::brisko(), sample::kadrilo()})).array();
     QJsonObject second = entries[1].toObject();
     if (value.isUndefined())
         second.remove(key);
@@ -43,14 +43,28 @@ std::string failureOf(const QByteArray& json)
 TEST(Catalog, KeepsEveryFieldAndTheOrderOfTheFile)
 {
     EXPECT_EQ(decode("[]"), Catalog());
-    EXPECT_EQ(decode(sample::catalogFile({sample::kadrilo(), sample::brisko()})),
+    EXPECT_EQ(decode(encodeCatalog({sample::kadrilo(), sample::brisko()})),
         (Catalog{sample::kadrilo(), sample::brisko()}));
+}
+
+TEST(Catalog, SpellsEveryKeyLikeItsField)
+{
+    QByteArray json = "[{";
+    for (const std::string_view key : codingKeyTexts)
+        json += '"' + QByteArray(key.data(), qsizetype(key.size())) + "\":\"" + key.data() + "\",";
+    json.replace(
+        "\"features\":\"features\",\"bytes\":\"bytes\",", "\"features\":[\"\\u0444\"],\"bytes\":7}]");
+
+    EXPECT_EQ(decode(json),
+        (Catalog{{u"id"_s, u"name"_s, u"category"_s, u"subtitle"_s, u"headline"_s, u"description"_s,
+            u"tint"_s, u"version"_s, u"bundleID"_s, u"minimum"_s, u"archive"_s, u"sha256"_s,
+            u"architecture"_s, {u"ф"_s}, 7}}));
 }
 
 TEST(Catalog, IgnoresKeysItDoesNotKnow)
 {
     EXPECT_EQ(decode(withSecond(u"price"_s, QJsonArray{1, u"x"_s}))->size(), 2U);
-    QByteArray huge = sample::catalogFile({sample::brisko()});
+    QByteArray huge = encodeCatalog({sample::brisko()});
     huge.replace("\"bytes\"", "\"population\": 123456789012345678901234567890, \"bytes\"");
     EXPECT_EQ(decode(huge), Catalog{sample::brisko()});
 }
@@ -89,7 +103,7 @@ TEST(Catalog, TakesOnlyWholeNumbersOf64BitsForBytes)
              Case{"true", {}},
          }) {
         SCOPED_TRACE(number.toStdString());
-        QByteArray json = sample::catalogFile({sample::brisko()});
+        QByteArray json = encodeCatalog({sample::brisko()});
         json.replace("12400000", number);
 
         const auto catalog = decode(json);
@@ -103,7 +117,7 @@ TEST(Catalog, TakesOnlyWholeNumbersOf64BitsForBytes)
 
 TEST(Catalog, FailsAsAWholeWhenTheFileIsBroken)
 {
-    const QByteArray good = sample::catalogFile({sample::brisko()});
+    const QByteArray good = encodeCatalog({sample::brisko()});
     QByteArray badText = good;
     badText.replace("Brisko-2.4.zip", "\xff\xfe");
     struct Case {
@@ -132,7 +146,7 @@ TEST(Catalog, IsReadFromTheResourceFolder)
     FakePlatform platform;
     EXPECT_EQ(readCatalog().error(), systemFailure(ENOENT));
 
-    platform.files.content[platform.resource("catalog.json")] = sample::catalogFile({sample::brisko()});
+    platform.files.content[platform.resource("catalog.json")] = encodeCatalog({sample::brisko()});
 
     EXPECT_EQ(readCatalog(), Catalog{sample::brisko()});
 }

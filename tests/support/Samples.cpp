@@ -1,9 +1,5 @@
 #include "support/Samples.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 using namespace Qt::StringLiterals;
 
 namespace sample {
@@ -49,31 +45,6 @@ StoreApp kadrilo()
         .features = {u"Быстро"_s},
         .bytes = 31'000'000,
     };
-}
-
-QByteArray catalogFile(const Catalog& apps)
-{
-    QJsonArray entries;
-    for (const StoreApp& app : apps) {
-        entries.append(QJsonObject{
-            {u"id"_s, app.id},
-            {u"name"_s, app.name},
-            {u"category"_s, app.category},
-            {u"subtitle"_s, app.subtitle},
-            {u"headline"_s, app.headline},
-            {u"description"_s, app.description},
-            {u"tint"_s, app.tint},
-            {u"version"_s, app.version},
-            {u"bundleID"_s, app.bundleID},
-            {u"minimum"_s, app.minimum},
-            {u"archive"_s, app.archive},
-            {u"sha256"_s, app.sha256},
-            {u"architecture"_s, app.architecture},
-            {u"features"_s, QJsonArray::fromStringList(app.features)},
-            {u"bytes"_s, app.bytes},
-        });
-    }
-    return QJsonDocument(entries).toJson();
 }
 
 } // namespace sample

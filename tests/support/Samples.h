@@ -2,8 +2,6 @@
 
 #include "catalog/Catalog.h"
 
-#include <QByteArray>
-
 #include <ostream>
 
 namespace sample {
@@ -14,7 +12,10 @@ StoreApp brisko();
 StoreApp kadrilo();
 
 /// A catalog file with these entries.
-QByteArray catalogFile(const Catalog& apps);
+inline QByteArray catalogFile(const Catalog& apps)
+{
+    return encodeCatalog(apps);
+}
 
 } // namespace sample
 
