@@ -74,7 +74,7 @@ Checked<QString> checkedArchive(const StoreApp& app)
 bool hasIcon(const StoreApp& app)
 {
     const Platform& platform = Platform::current();
-    const auto file = platform.files->read(platform.bundles->mainResources() / toPath(app.name + ".icns"_L1));
+    const auto file = platform.files->read(below(platform.bundles->mainResources(), app.name + ".icns"_L1));
     return file && decodeImage(file->bytes(), iconEdge);
 }
 

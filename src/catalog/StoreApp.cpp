@@ -65,16 +65,16 @@ QString StoreApp::searchText() const
 
 Path StoreApp::packageURL() const
 {
-    return Platform::current().bundles->mainResources() / "Packages" / toPath(archive);
+    return below(Platform::current().bundles->mainResources() / "Packages", archive);
 }
 
 std::optional<Path> StoreApp::installedURL() const
 {
     const Platform& platform = Platform::current();
-    const Path bundle = toPath(name + ".app"_L1);
     for (const Path& folder : {Path("/Applications"), platform.userFolders->homeFolder() / "Applications"}) {
-        if (platform.bundles->bundleIdentifier(folder / bundle) == bundleID)
-            return folder / bundle;
+        const Path bundle = below(folder, name + ".app"_L1);
+        if (platform.bundles->bundleIdentifier(bundle) == bundleID)
+            return bundle;
     }
     return platform.workspace->urlForApplication(bundleID);
 }

@@ -27,7 +27,7 @@ void AppIcon::present(const QString& name)
 void AppIcon::load()
 {
     const qreal ratio = devicePixelRatio();
-    const Path file = Platform::current().bundles->mainResources() / toPath(m_name + ".icns"_L1);
+    const Path file = below(Platform::current().bundles->mainResources(), m_name + ".icns"_L1);
     if (m_resource.load(file, int(std::ceil(m_size * ratio))))
         m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);
 }

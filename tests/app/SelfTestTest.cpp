@@ -115,6 +115,12 @@ TEST(SelfTest, StopsWhenTheBundleIsNotWhatTheCatalogSays)
         {"one byte less", [](auto& b) { b.apps[2].bytes = 16; }, 2, "Invalid resource: C"},
         {"no icon", [](auto& b) { b.platform.files.content.erase(b.icon(b.apps[3])); }, 3,
             "Invalid resource: D"},
+        {"an icon outside the bundle",
+            [](auto& b) {
+                b.platform.files.content["/etc/D.icns"] = png();
+                b.apps[3].name = u"/etc/D"_s;
+            },
+            3, "Invalid resource: /etc/D"},
         {"unreadable icon", [](auto& b) { b.platform.files.content[b.icon(b.apps[0])] = "x"; }, 0,
             "Invalid resource: A"},
     };

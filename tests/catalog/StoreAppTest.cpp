@@ -73,6 +73,18 @@ TEST(StoreApp, FindsItsArchiveInTheBundle)
     EXPECT_EQ(sample::brisko().packageURL(), platform.resource("Packages/Brisko-2.4.zip"));
 }
 
+TEST(StoreApp, KeepsANameThatIsAnAbsolutePathBelowItsFolders)
+{
+    FakePlatform platform;
+    StoreApp app = sample::brisko();
+    app.name = app.archive = u"/etc/x"_s;
+    const Path installed = "/Applications/etc/x.app";
+    platform.bundles.installed[installed] = platform.bundles.installed["/etc/x.app"] = app.bundleID;
+
+    EXPECT_EQ(app.packageURL(), platform.resource("Packages/etc/x"));
+    EXPECT_EQ(app.installedURL(), installed);
+}
+
 TEST(StoreApp, IsInstalledWhereABundleOfItsNameHasItsIdentifier)
 {
     const Path shared = "/Applications/Brisko.app";

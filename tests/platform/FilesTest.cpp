@@ -7,6 +7,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct DesktopMachine {
@@ -69,8 +71,13 @@ TYPED_TEST(FilesContract, AMissingFileIsAFailure)
 {
     const Files& files = this->machine.files;
 
-    EXPECT_EQ(files.read(this->file).error(), systemFailure(ENOENT));
-    EXPECT_EQ(files.readInBlocks(this->file, [](auto) { FAIL(); }).error(), systemFailure(ENOENT));
+    ASSERT_TRUE(files.writeAtomically(this->file, {}));
+
+    for (const QString& name : {u"missing"_s, u"file\0cut"_s}) {
+        const Path missing = below(this->file.parent_path(), name);
+        EXPECT_EQ(files.read(missing).error(), systemFailure(ENOENT));
+        EXPECT_EQ(files.readInBlocks(missing, [](auto) { FAIL(); }).error(), systemFailure(ENOENT));
+    }
 }
 
 } // namespace

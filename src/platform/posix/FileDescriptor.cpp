@@ -43,6 +43,9 @@ Result<std::size_t> FileDescriptor::read(std::span<std::byte> room) const
 
 Result<ReadableFile> openForReading(const Path& file)
 {
+    // The system would read such a name only up to there.
+    if (file.native().find('\0') != std::string::npos)
+        return tl::unexpected(systemFailure(ENOENT));
     // Opening a pipe without O_NONBLOCK waits for its writer. Reading a regular file does not know the flag.
     FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status { };
