@@ -82,13 +82,13 @@ TEST_F(PosixFilesTest, WhatIsAppendedWhileReadingIsReadToo)
 TEST_F(PosixFilesTest, AReplacedFileKeepsItsPermissionsAndItsLink)
 {
     const Path file = fileWith("file", "old");
-    std::filesystem::permissions(file, std::filesystem::perms(0640));
+    std::filesystem::permissions(file, std::filesystem::perms(0440));
     std::filesystem::create_symlink("file", place("link"));
 
     ASSERT_TRUE(write(place("link"), "new"));
 
     EXPECT_EQ(contentOf(file), "new");
-    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0640));
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0440));
     EXPECT_TRUE(std::filesystem::is_symlink(place("link")));
 }
 
