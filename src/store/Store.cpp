@@ -26,11 +26,11 @@ const std::vector<SearchText>& Store::searchTexts() const
     return m_searchTexts;
 }
 
-void Store::launch(const StoreApp& app)
+void Store::launch(StoreApp app)
 {
     const auto place = app.installedURL();
     if (!place) {
-        save(app);
+        save(std::move(app));
         return;
     }
 
@@ -48,30 +48,29 @@ void Store::launch(const StoreApp& app)
         });
 }
 
-// The entry is taken by value into every step: the panel's event loop and the background job outlive the
-// caller's.
-void Store::save(const StoreApp& app)
+void Store::save(StoreApp app)
 {
     if (busy->contains(app.id))
         return;
 
-    const StoreApp entry = app;
     const Platform& platform = Platform::current();
     const auto destination = platform.savePanel->runModal({
-        .title = u"Скачать "_s + entry.name,
-        .proposedName = entry.archive,
+        .title = u"Скачать "_s + app.name,
+        .proposedName = app.archive,
         .folder = platform.userFolders->downloadsFolder(),
     });
-    if (!destination)
+    // The panel's event loop may have started another save of this entry.
+    if (!destination || busy->contains(app.id))
         return;
 
-    busy.insert(entry.id);
-    platform.jobs->start([store = QPointer(this), entry, place = *destination]() -> Jobs::Task {
-        return [store, entry, place, outcome = saveArchive(entry, place)] {
-            if (store)
-                store->finishSaving(entry, place, outcome);
-        };
-    });
+    busy.insert(app.id);
+    platform.jobs->start(
+        [store = QPointer(this), app = std::move(app), place = *destination]() -> Jobs::Task {
+            return [store, app, place, outcome = saveArchive(app, place)] {
+                if (store)
+                    store->finishSaving(app, place, outcome);
+            };
+        });
 }
 
 void Store::finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome)
@@ -80,9 +79,8 @@ void Store::finishSaving(const StoreApp& app, const Path& destination, const Res
         saved.insert(app.id);
         Platform::current().workspace->reveal(destination);
         message.set(app.name + u" сохранён. Распакуйте ZIP и перенесите "_s + app.name
-            + u".app в папку «Программы». Сборка подписана локально и не прошла нотарификацию Apple; macOS "
-              u"может "
-              u"запросить разрешение на первый запуск."_s);
+            + u".app в папку «Программы». Сборка подписана локально и не прошла нотарификацию Apple; "_s
+            + u"macOS может запросить разрешение на первый запуск."_s);
     } else {
         message.set(u"Не удалось сохранить "_s + app.name + u": "_s + outcome.error().localizedDescription);
     }

@@ -30,10 +30,11 @@ public:
 
     /// Opens the installed application, or saves the archive of one that is not installed. A failure to open
     /// becomes the message, later.
-    void launch(const StoreApp& app);
+    void launch(StoreApp app);
     /// Asks where to save the archive and saves it in the background; the outcome becomes the message. Does
-    /// nothing while that entry is being saved. Runs the save panel's nested event loop.
-    void save(const StoreApp& app);
+    /// nothing while that entry is being saved. Runs the save panel's nested event loop, which outlives what
+    /// the caller shows: hence the entry by value, here and in `launch`.
+    void save(StoreApp app);
 
 private:
     void finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "store/Store.h"
+#include "ui/Requests.h"
+#include "ui/model/AppRowContent.h"
 
 #include <QWidget>
 
@@ -12,17 +13,15 @@ class ActionButtons : public QWidget {
     Q_OBJECT
 
 public:
-    /// `store` outlives the buttons.
-    explicit ActionButtons(Store& store, QWidget* parent = nullptr);
+    /// `requests` outlives the buttons.
+    explicit ActionButtons(Requests& requests, QWidget* parent = nullptr);
 
-    /// Shows what the buttons do for this entry as of now.
-    void present(const StoreApp& app);
+    void present(const ActionButtonsContent& content);
 
     ProminentButton* primary() const { return m_primary; }
     SymbolButton* save() const { return m_save; }
 
 private:
-    Store& m_store;
     StoreApp m_app;
     ProminentButton* m_primary;
     SymbolButton* m_save;

@@ -7,13 +7,12 @@
 #include "ui/kit/Stacks.h"
 #include "ui/kit/SymbolButton.h"
 #include "ui/kit/TextLabel.h"
-#include "ui/model/AppRowContent.h"
 
 #include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-AppRow::AppRow(Store& store, QWidget* parent)
+AppRow::AppRow(Requests& requests, QWidget* parent)
     : QWidget(parent)
     , m_icon(new AppIcon(Style::rowIcon))
     , m_iconButton(new PlainButton)
@@ -21,7 +20,7 @@ AppRow::AppRow(Store& store, QWidget* parent)
     , m_name(new TextLabel({.style = Style::rowName}))
     , m_subtitle(new TextLabel({.style = Style::rowSubtitle, .color = Style::secondaryText()}))
     , m_meta(new TextLabel({.style = Style::rowMeta, .color = Style::secondaryText()}))
-    , m_actions(new ActionButtons(store))
+    , m_actions(new ActionButtons(requests))
 {
     m_iconButton->setContent(hstack({}, {m_icon}));
     m_textButton->setContent(vstack({.spacing = Style::rowLineSpacing}, {m_name, m_subtitle, m_meta}));
@@ -32,21 +31,21 @@ AppRow::AppRow(Store& store, QWidget* parent)
     setLayout(hstack({.spacing = Style::rowSpacing}, {m_iconButton, stretched(m_textButton), m_actions}));
 
     for (PlainButton* button : {m_iconButton, m_textButton})
-        connect(button, &QAbstractButton::clicked, this, [this] { Q_EMIT opened(StoreApp(m_app)); });
+        connect(button, &QAbstractButton::clicked, this,
+            [this, &requests] { Q_EMIT requests.sent(request::Open{m_app}); });
 }
 
-void AppRow::present(const StoreApp& app)
+void AppRow::present(const AppRowContent& content)
 {
-    m_app = app;
-    const AppRowContent content = appRow(app);
-    m_icon->present(app.name);
+    m_app = content.actions.app;
+    m_icon->present(content.icon);
     m_iconButton->setVisible(!m_icon->image().isNull());
     m_iconButton->setAccessibleName(content.iconAccessibleName);
     m_name->setText(content.name);
     m_subtitle->setText(content.subtitle);
     m_meta->setText(content.meta);
-    m_textButton->setAccessibleName(QStringList{content.name, content.subtitle, content.meta}.join(u", "_s));
-    m_actions->present(app);
+    m_textButton->setAccessibleName(content.textAccessibleName);
+    m_actions->present(content.actions);
 }
 
 std::array<QWidget*, 4> AppRow::tabStops() const

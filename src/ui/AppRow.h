@@ -1,6 +1,7 @@
 #pragma once
 
-#include "store/Store.h"
+#include "ui/Requests.h"
+#include "ui/model/AppRowContent.h"
 
 #include <QWidget>
 
@@ -16,15 +17,13 @@ class AppRow : public QWidget {
     Q_OBJECT
 
 public:
-    explicit AppRow(Store& store, QWidget* parent = nullptr);
+    /// `requests` outlives the row.
+    explicit AppRow(Requests& requests, QWidget* parent = nullptr);
 
-    void present(const StoreApp& app);
+    void present(const AppRowContent& content);
 
     /// What the Tab key visits, in reading order.
     std::array<QWidget*, 4> tabStops() const;
-
-Q_SIGNALS:
-    void opened(const StoreApp& app);
 
 private:
     StoreApp m_app;

@@ -7,38 +7,59 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 
 /// Rows beyond the view on either side, so that the Tab key always finds a next one.
-constexpr int rowsAround = 2;
+constexpr std::size_t rowsAround = 2;
 
 } // namespace
 
-AppRowList::AppRowList(Store& store, QWidget* parent) : QWidget(parent), m_store(store)
+AppRowList::AppRowList(Requests& requests, QWidget* parent) : QWidget(parent), m_requests(requests)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setContentsMargins(Style::bleedX, Style::bleedY, Style::bleedX, Style::bleedY);
 }
 
+/// From the top of a row to that of the next, with a divider between them.
 int AppRowList::pitch() const
 {
     return m_rowHeight - 2 * Style::bleedY + 2 * Style::pageSpacing + Style::hairline;
 }
 
+/// The list may end below the last row: then that of the row that would follow.
+int AppRowList::top(std::size_t position) const
+{
+    const auto missing =
+        std::ranges::lower_bound(m_list.withoutDivider, position) - m_list.withoutDivider.begin();
+    return int(position) * pitch() - int(missing) * (Style::pageSpacing + Style::hairline);
+}
+
+/// The last row that begins at or above `y`; the first one where none does.
+std::size_t AppRowList::positionAt(int y) const
+{
+    const auto positions = std::views::iota(std::size_t{1}, std::max<std::size_t>(m_list.count(), 1));
+    const auto next =
+        std::ranges::upper_bound(positions, y, {}, [this](std::size_t each) { return top(each); });
+    return std::size_t(next - positions.begin());
+}
+
 QSize AppRowList::sizeHint() const
 {
-    return {0, std::max(0, int(m_list.apps.size()) * pitch() - (pitch() - m_rowHeight))};
+    return {0, m_list.count() == 0 ? 0 : top(m_list.count() - 1) + m_rowHeight};
 }
 
 void AppRowList::present(const AppList& list)
 {
     m_list = list;
-    for (const auto& [app, row] : m_rows)
-        row->present(*app);
-    if (m_rowHeight == 0 && !m_list.apps.empty()) {
+    if (m_list.count() > 0) {
+        for (const auto& [app, row] : m_rows)
+            row->present(appRow(*app, *m_list.store));
+    }
+    if (m_rowHeight == 0 && m_list.count() > 0) {
         AppRow* const row = takeRow();
-        row->present(*m_list.apps.front());
+        row->present(m_list.row(0));
         m_rowHeight = row->sizeHint().height();
         m_spare.push_back(row);
     }
@@ -61,9 +82,8 @@ AppRow* AppRowList::takeRow()
         m_spare.pop_back();
         return row;
     }
-    auto* const row = new AppRow(m_store, this);
+    auto* const row = new AppRow(m_requests, this);
     row->hide();
-    connect(row, &AppRow::opened, this, &AppRowList::opened);
     return row;
 }
 
@@ -71,15 +91,15 @@ AppRow* AppRowList::takeRow()
 AppRowList::Rows AppRowList::rowsToKeep(std::size_t first, std::size_t end)
 {
     Rows kept;
-    for (std::size_t index = first; index < end; ++index) {
-        if (auto node = m_rows.extract(m_list.apps[index]))
+    for (std::size_t position = first; position < end; ++position) {
+        if (auto node = m_rows.extract(m_list.apps[position]))
             kept.insert(std::move(node));
     }
     for (const auto& [app, row] : m_rows) {
         const auto place =
             row->isAncestorOf(focusWidget()) ? std::ranges::find(m_list.apps, app) : m_list.apps.end();
         if (place != m_list.apps.end()) {
-            row->move(0, int(place - m_list.apps.begin()) * pitch());
+            row->move(0, top(std::size_t(place - m_list.apps.begin())));
             kept.emplace(app, row);
         } else {
             row->hide();
@@ -91,22 +111,19 @@ AppRowList::Rows AppRowList::rowsToKeep(std::size_t first, std::size_t end)
 
 void AppRowList::arrange()
 {
-    const int count = int(m_list.apps.size());
-    const int top = m_rowHeight ? m_viewTop / pitch() - rowsAround : 0;
-    const int bottom = m_rowHeight ? m_viewBottom / pitch() + 1 + rowsAround : 0;
-    const int first = std::clamp(top, 0, count);
-    const int end = std::clamp(bottom, first, count);
+    const std::size_t count = m_rowHeight > 0 ? m_list.count() : 0;
+    const std::size_t first = positionAt(m_viewTop) - std::min(positionAt(m_viewTop), rowsAround);
+    const std::size_t end = std::min(count, positionAt(m_viewBottom) + 1 + rowsAround);
 
-    m_rows = rowsToKeep(std::size_t(first), std::size_t(end));
+    m_rows = rowsToKeep(first, end);
     QWidget* before = this;
-    for (int index = first; index < end; ++index) {
-        const StoreApp* const app = m_list.apps[std::size_t(index)];
-        auto& row = m_rows[app];
+    for (std::size_t position = first; position < end; ++position) {
+        auto& row = m_rows[m_list.apps[position]];
         if (!row) {
             row = takeRow();
-            row->present(*app);
+            row->present(m_list.row(position));
         }
-        row->setGeometry(0, index * pitch(), width(), m_rowHeight);
+        row->setGeometry(0, top(position), width(), m_rowHeight);
         row->show();
         for (QWidget* stop : row->tabStops()) {
             setTabOrder(before, stop);
@@ -125,11 +142,11 @@ bool AppRowList::event(QEvent* event)
 void AppRowList::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    for (std::size_t index = std::size_t(std::max(0, event->rect().top() / pitch() - 1));
-         index < m_list.apps.size() && int(index) * pitch() < event->rect().bottom(); ++index) {
-        const int y = int(index) * pitch() + m_rowHeight - Style::bleedY + Style::pageSpacing;
-        const QRect column = contentsRect();
-        if (m_list.hasDivider(index))
+    const QRect column = contentsRect();
+    for (std::size_t position = positionAt(event->rect().top() - pitch());
+         position + 1 < m_list.count() && top(position) < event->rect().bottom(); ++position) {
+        const int y = top(position) + m_rowHeight - Style::bleedY + Style::pageSpacing;
+        if (!std::ranges::binary_search(m_list.withoutDivider, position))
             painter.fillRect(column.left(), y, column.width(), Style::hairline, Style::divider());
     }
 }

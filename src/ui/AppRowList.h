@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Requests.h"
 #include "ui/model/CatalogPage.h"
 
 #include <QWidget>
@@ -14,10 +15,10 @@ class AppRowList : public QWidget {
     Q_OBJECT
 
 public:
-    /// `store` outlives the list.
-    explicit AppRowList(Store& store, QWidget* parent = nullptr);
+    /// `requests` outlives the list.
+    explicit AppRowList(Requests& requests, QWidget* parent = nullptr);
 
-    /// Shows these entries, which lie in the store's catalog, as of now.
+    /// Shows these rows as of now.
     void present(const AppList& list);
     /// Says which part of the list, in its own coordinates, is in view.
     void setView(int top, int bottom);
@@ -25,7 +26,6 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    void opened(const StoreApp& app);
     /// The list lies elsewhere now; its view may have changed.
     void placed();
 
@@ -40,8 +40,10 @@ private:
     Rows rowsToKeep(std::size_t first, std::size_t end);
     AppRow* takeRow();
     int pitch() const;
+    int top(std::size_t position) const;
+    std::size_t positionAt(int y) const;
 
-    Store& m_store;
+    Requests& m_requests;
     AppList m_list;
     /// With the margins in which the halo of a button is drawn.
     int m_rowHeight = 0;

@@ -12,15 +12,15 @@
 
 using namespace Qt::StringLiterals;
 
-CatalogPageView::CatalogPageView(Store& store, QWidget* parent)
+CatalogPageView::CatalogPageView(Requests& requests, QWidget* parent)
     : PageScroll(parent)
     , m_title(new TextLabel({.style = Style::pageTitle, .lines = Lines::Wrapped}))
     , m_subtitle(new TextLabel(
           {.style = Style::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
-    , m_featured(new FeaturedCardView)
+    , m_featured(new FeaturedCardView(requests))
     , m_empty(new EmptyStateView)
     , m_listTitle(new TextLabel({.style = Style::collectionTitle, .lines = Lines::Wrapped}))
-    , m_rows(new AppRowList(store))
+    , m_rows(new AppRowList(requests))
     , m_footer(new QWidget)
     , m_footerText(new TextLabel({.style = Style::footerNote,
           .color = Style::secondaryText(),
@@ -40,8 +40,6 @@ CatalogPageView::CatalogPageView(Store& store, QWidget* parent)
             m_footer,
         }));
 
-    connect(m_featured, &FeaturedCardView::opened, this, &CatalogPageView::opened);
-    connect(m_rows, &AppRowList::opened, this, &CatalogPageView::opened);
     connect(m_rows, &AppRowList::placed, this, &CatalogPageView::showRowsInView);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CatalogPageView::showRowsInView);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &CatalogPageView::showRowsInView);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Requests.h"
 #include "ui/kit/PageScroll.h"
 #include "ui/model/CatalogPage.h"
 
@@ -13,13 +14,10 @@ class CatalogPageView : public PageScroll {
     Q_OBJECT
 
 public:
-    /// `store` outlives the page.
-    explicit CatalogPageView(Store& store, QWidget* parent = nullptr);
+    /// `requests` outlives the page.
+    explicit CatalogPageView(Requests& requests, QWidget* parent = nullptr);
 
     void present(const CatalogPage& page);
-
-Q_SIGNALS:
-    void opened(const StoreApp& app);
 
 private:
     void showRowsInView();

@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-DetailPageView::DetailPageView(Store& store, QWidget* parent)
+DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
     : PageScroll(parent)
     , m_back(new LabelButton(
           {.style = Style::body, .color = Style::secondaryText(), .symbol = u"chevron.left"_s},
@@ -24,7 +24,7 @@ DetailPageView::DetailPageView(Store& store, QWidget* parent)
     , m_subtitle(new TextLabel(
           {.style = Style::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_author(new TextLabel({.style = Style::detailAuthor, .color = Style::secondaryText()}))
-    , m_actions(new ActionButtons(store))
+    , m_actions(new ActionButtons(requests))
     , m_headline(new TextLabel({.style = Style::headline, .lines = Lines::Wrapped}))
     , m_description(new SelectableText(Style::description, Style::secondaryText(), Style::descriptionExtra))
     , m_featureRow(hstack({.spacing = Style::featureSpacing}, {Spacer()}))
@@ -37,7 +37,6 @@ DetailPageView::DetailPageView(Store& store, QWidget* parent)
     , m_signingNote(new TextLabel(
           {.style = Style::signingNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
 {
-    m_description->setAccessibleName(u"Описание"_s);
     m_description->setMaximumWidth(Style::descriptionMaxWidth);
     setPage(vstack({.spacing = Style::pageSpacing},
         {
@@ -55,7 +54,8 @@ DetailPageView::DetailPageView(Store& store, QWidget* parent)
             m_signingNote,
         }));
 
-    connect(m_back, &QAbstractButton::clicked, this, &DetailPageView::back);
+    connect(
+        m_back, &QAbstractButton::clicked, this, [&requests] { Q_EMIT requests.sent(request::GoBack()); });
 }
 
 QLayout* DetailPageView::header()
@@ -90,21 +90,22 @@ QLayout* DetailPageView::facts()
 
 void DetailPageView::present(const DetailPage& page)
 {
-    m_icon->present(page.app.name);
-    m_name->setText(page.app.name);
-    m_subtitle->setText(page.app.subtitle);
+    m_icon->present(page.icon);
+    m_name->setText(page.name);
+    m_subtitle->setText(page.subtitle);
     m_author->setText(page.author);
-    m_actions->present(page.app);
+    m_actions->present(page.actions);
     for (std::size_t index = 0; index < m_facts.size(); ++index) {
-        const auto& [caption, value] = page.facts[index];
-        m_facts[index].caption->setText(caption);
-        m_facts[index].value->setText(value);
-        m_facts[index].value->setAccessibleName(caption + u": "_s + value);
+        const Fact& fact = page.facts[index];
+        m_facts[index].caption->setText(fact.caption);
+        m_facts[index].value->setText(fact.value);
+        m_facts[index].value->setAccessibleName(fact.accessibleName());
     }
-    m_headline->setText(page.app.headline);
-    m_description->present(page.app.description);
-    presentFeatures(page.app.features);
-    m_screenshot->present(page.screenshot, u"Снимок экрана "_s + page.app.name);
+    m_headline->setText(page.headline);
+    m_description->setAccessibleName(page.descriptionAccessibleName);
+    m_description->present(page.description);
+    presentFeatures(page.features);
+    m_screenshot->present(page.screenshot);
     m_installTitle->setText(page.installTitle);
     m_installText->setText(page.installText);
     m_signingNote->setText(page.signingNote);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Store.h"
+#include "ui/Requests.h"
 #include "ui/kit/PageScroll.h"
 #include "ui/model/DetailPage.h"
 
@@ -17,16 +17,13 @@ class DetailPageView : public PageScroll {
     Q_OBJECT
 
 public:
-    /// `store` outlives the page.
-    explicit DetailPageView(Store& store, QWidget* parent = nullptr);
+    /// `requests` outlives the page.
+    explicit DetailPageView(Requests& requests, QWidget* parent = nullptr);
 
     void present(const DetailPage& page);
 
     /// What takes the focus when the page opens.
     QWidget* firstStop() const;
-
-Q_SIGNALS:
-    void back();
 
 private:
     struct FactLabels {

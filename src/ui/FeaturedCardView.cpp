@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-FeaturedCardView::FeaturedCardView(QWidget* parent)
+FeaturedCardView::FeaturedCardView(Requests& requests, QWidget* parent)
     : Card(Style::cardStart(), Style::cardEnd(), parent)
     , m_slogan(new TextLabel({.style = Style::cardTitle, .color = Style::white(), .lines = Lines::Wrapped}))
     , m_name(new TextLabel({.style = Style::cardName, .color = Style::white()}))
@@ -27,7 +27,8 @@ FeaturedCardView::FeaturedCardView(QWidget* parent)
     setContent(hstack({.spacing = Style::cardSpacing, .margins = {margin, margin, margin, margin}},
         {stretched(texts), m_icon}));
 
-    connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT opened(StoreApp(m_target)); });
+    connect(this, &QAbstractButton::clicked, this,
+        [this, &requests] { Q_EMIT requests.sent(request::Open{m_target}); });
 }
 
 void FeaturedCardView::present(const FeaturedCard& card)
@@ -38,8 +39,7 @@ void FeaturedCardView::present(const FeaturedCard& card)
     m_summary->setText(card.summary);
     m_action->setText(card.action);
     m_icon->present(card.icon);
-    setAccessibleName(
-        QStringList{card.slogan, card.name, card.summary, card.action}.join(u' ').replace(u'\n', u' '));
+    setAccessibleName(card.accessibleName);
 }
 
 void FeaturedCardView::paintEvent(QPaintEvent* event)

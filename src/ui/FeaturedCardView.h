@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Requests.h"
 #include "ui/kit/Card.h"
 #include "ui/kit/Shapes.h"
 #include "ui/model/CatalogPage.h"
@@ -12,12 +13,10 @@ class FeaturedCardView : public Card {
     Q_OBJECT
 
 public:
-    explicit FeaturedCardView(QWidget* parent = nullptr);
+    /// `requests` outlives the card.
+    explicit FeaturedCardView(Requests& requests, QWidget* parent = nullptr);
 
     void present(const FeaturedCard& card);
-
-Q_SIGNALS:
-    void opened(const StoreApp& app);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

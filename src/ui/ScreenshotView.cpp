@@ -16,12 +16,12 @@ ScreenshotView::ScreenshotView(QWidget* parent) : QWidget(parent)
     setVisible(false);
 }
 
-void ScreenshotView::present(const std::optional<Path>& file, const QString& accessibleName)
+void ScreenshotView::present(const std::optional<Screenshot>& screenshot)
 {
-    setAccessibleName(accessibleName);
-    if (!file)
+    setAccessibleName(screenshot ? screenshot->accessibleName : QString());
+    if (!screenshot)
         m_resource.clear();
-    if (file && m_resource.load(*file, Style::screenshotMaxWidth)) {
+    if (screenshot && m_resource.load(screenshot->file, Style::screenshotMaxWidth)) {
         m_fitted = {};
         updateGeometry();
         update();

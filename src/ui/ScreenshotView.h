@@ -1,10 +1,9 @@
 #pragma once
 
 #include "ui/ResourceImage.h"
+#include "ui/model/DetailPage.h"
 
 #include <QWidget>
-
-#include <optional>
 
 /// A picture in a frame with continuous corners, as wide as the column up to a limit. Hidden, and without
 /// room, when there is no picture that can be read.
@@ -14,8 +13,8 @@ class ScreenshotView : public QWidget {
 public:
     explicit ScreenshotView(QWidget* parent = nullptr);
 
-    /// Reads the picture in this file; none shows nothing.
-    void present(const std::optional<Path>& file, const QString& accessibleName);
+    /// Reads the picture's file; none shows nothing.
+    void present(const std::optional<Screenshot>& screenshot);
 
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }

@@ -9,7 +9,6 @@
 
 SectionButton::SectionButton(const Section& section, QWidget* parent)
     : PlainButton(parent)
-    , m_section(section.title)
     , m_label(new TextLabel({.style = Style::sectionTitle,
                                 .symbol = section.symbol,
                                 .symbolSize = Style::sectionSymbol,
@@ -24,9 +23,9 @@ SectionButton::SectionButton(const Section& section, QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void SectionButton::present(const QString& chosenSection)
+void SectionButton::present(const SectionItem& item)
 {
-    setChecked(m_section == chosenSection);
+    setChecked(item.isChosen);
     m_label->setColor(isChecked() ? Style::white() : Style::secondaryText());
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/kit/PlainButton.h"
-#include "ui/model/Sections.h"
+#include "ui/model/WindowContent.h"
 
 class TextLabel;
 
@@ -12,13 +12,12 @@ class SectionButton : public PlainButton {
 public:
     explicit SectionButton(const Section& section, QWidget* parent = nullptr);
 
-    void present(const QString& chosenSection);
+    void present(const SectionItem& item);
 
 protected:
     void nextCheckState() override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString m_section;
     TextLabel* m_label;
 };

@@ -1,7 +1,5 @@
 #include "ui/Sidebar.h"
 
-#include "platform/Platform.h"
-#include "ui/ResourceImage.h"
 #include "ui/SectionButton.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
@@ -11,31 +9,57 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
+#include <QSignalBlocker>
+#include <QStyle>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The brand image; a bundle without one shows the program's name alone.
-QWidget* brandImage()
+Sidebar::Sidebar(Requests& requests, QWidget* parent)
+    : QWidget(parent)
+    , m_brandImage(new QLabel)
+    , m_brandName(new TextLabel({.style = Style::brandName}))
+    , m_search(new SearchField({}))
+    , m_maker(new TextLabel({.style = Style::makerName}))
+    , m_makerNote(new TextLabel({.style = Style::makerNote, .color = Style::secondaryText()}))
 {
-    auto* const label = new QLabel;
-    const int edge = Style::brandImage;
-    const qreal ratio = label->devicePixelRatio();
-    ResourceImage brand;
-    brand.load(Platform::current().bundles->mainResources() / "Brand.png", int(edge * ratio));
-    label->setFixedSize(edge, edge);
-    label->setPixmap(QPixmap::fromImage(brand.fitted(QSizeF(edge, edge), ratio)));
-    label->setAlignment(Qt::AlignCenter);
-    makeDecorative(*label);
-    label->setVisible(!brand.image().isNull());
-    return label;
+    setLayout(vstack(
+        {.spacing = Style::sidebarSpacing,
+            .margins = {Style::sidebarMargin, Style::sidebarTop, Style::sidebarMargin, Style::sidebarBottom}},
+        {brand(), m_search, sectionList(requests), Spacer(), new Divider, maker()}));
+    setMinimumWidth(Style::sidebarMinWidth);
+    setMaximumWidth(Style::sidebarMaxWidth);
+
+    // Not only typing edits: assistive technology sets the text as a program does.
+    connect(m_search, &QLineEdit::textChanged, this,
+        [&requests](const QString& text) { Q_EMIT requests.sent(request::Search{text}); });
 }
 
-QLayout* maker()
+QLayout* Sidebar::brand()
+{
+    m_brandImage->setFixedSize(Style::brandImage, Style::brandImage);
+    m_brandImage->setAlignment(Qt::AlignCenter);
+    makeDecorative(*m_brandImage);
+    return hstack({.spacing = Style::brandSpacing}, {m_brandImage, stretched(m_brandName)});
+}
+
+QLayout* Sidebar::sectionList(Requests& requests)
+{
+    QVBoxLayout* const list = vstack({.spacing = Style::sectionSpacing}, {});
+    std::ranges::transform(sections(), m_sections.begin(), [&](const Section& section) {
+        auto* const button = new SectionButton(section);
+        connect(button, &QAbstractButton::clicked, this,
+            [&requests, title = section.title] { Q_EMIT requests.sent(request::ChooseSection{title}); });
+        append(*list, {button}, {});
+        return button;
+    });
+    return list;
+}
+
+QLayout* Sidebar::maker()
 {
     return hstack({.spacing = Style::makerSpacing},
         {
@@ -43,53 +67,34 @@ QLayout* maker()
                 .color = Style::secondaryText(),
                 .symbol = u"person.crop.circle"_s,
                 .symbolSize = Style::makerSymbol}),
-            stretched(vstack({.spacing = Style::makerLineSpacing},
-                {
-                    new TextLabel({.style = Style::makerName}, u"Orbanel"_s),
-                    new TextLabel(
-                        {.style = Style::makerNote, .color = Style::secondaryText()}, u"Личная коллекция"_s),
-                })),
+            stretched(vstack({.spacing = Style::makerLineSpacing}, {m_maker, m_makerNote})),
         });
 }
 
-} // namespace
-
-Sidebar::Sidebar(QWidget* parent) : QWidget(parent), m_search(new SearchField(u"Поиск приложений"_s))
+void Sidebar::present(const SidebarContent& content)
 {
-    QVBoxLayout* const list = vstack({.spacing = Style::sectionSpacing}, {});
-    for (const Section& section : sections()) {
-        auto* const button = new SectionButton(section);
-        connect(button, &QAbstractButton::clicked, this,
-            [this, title = section.title] { Q_EMIT sectionChosen(title); });
-        append(*list, {button}, {});
-        m_sections.push_back(button);
+    presentBrandImage(content.brandImage);
+    m_brandName->setText(content.brandName);
+    m_search->setPlaceholderText(content.searchPlaceholder);
+    m_search->setAccessibleName(content.searchPlaceholder);
+    // The same text again would move the caret to its end.
+    if (m_search->text() != content.search) {
+        const QSignalBlocker nobodyTyped(m_search);
+        m_search->setText(content.search);
     }
-    auto* const name = new TextLabel({.style = Style::brandName}, u"PloviStore"_s);
-    setLayout(vstack(
-        {.spacing = Style::sidebarSpacing,
-            .margins = {Style::sidebarMargin, Style::sidebarTop, Style::sidebarMargin, Style::sidebarBottom}},
-        {
-            hstack({.spacing = Style::brandSpacing}, {brandImage(), stretched(name)}),
-            m_search,
-            list,
-            Spacer(),
-            new Divider,
-            maker(),
-        }));
-    setMinimumWidth(Style::sidebarMinWidth);
-    setMaximumWidth(Style::sidebarMaxWidth);
-
-    // Not only typing edits: assistive technology sets the text as a program does.
-    connect(m_search, &QLineEdit::textChanged, this, &Sidebar::searchEdited);
+    for (std::size_t index = 0; index < m_sections.size(); ++index)
+        m_sections[index]->present(content.sections[index]);
+    m_maker->setText(content.maker);
+    m_makerNote->setText(content.makerNote);
 }
 
-void Sidebar::present(const ViewState& view)
+void Sidebar::presentBrandImage(const Path& file)
 {
-    // The same text again would move the caret to its end.
-    if (m_search->text() != view.search)
-        m_search->setText(view.search);
-    for (SectionButton* button : m_sections)
-        button->present(view.section);
+    const QSizeF box(Style::brandImage, Style::brandImage);
+    const qreal ratio = devicePixelRatio();
+    if (m_brandResource.load(file, int(box.width() * ratio)))
+        m_brandImage->setPixmap(QPixmap::fromImage(m_brandResource.fitted(box, ratio)));
+    m_brandImage->setVisible(!m_brandResource.image().isNull());
 }
 
 void Sidebar::focusSearch()
@@ -100,6 +105,10 @@ void Sidebar::focusSearch()
 
 void Sidebar::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_Escape && m_search->hasFocus() && !m_search->text().isEmpty()) {
+        m_search->clear();
+        return;
+    }
     const auto focused = std::ranges::find(m_sections, focusWidget());
     const bool isUp = event->key() == Qt::Key_Up;
     if (focused == m_sections.end() || (!isUp && event->key() != Qt::Key_Down)) {
@@ -116,4 +125,6 @@ void Sidebar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Style::sidebar());
+    const QRect edge(width() - Style::hairline, 0, Style::hairline, height());
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), edge), Style::sidebarEdge());
 }

@@ -1,31 +1,42 @@
 #pragma once
 
-#include "ui/model/ViewState.h"
+#include "ui/Requests.h"
+#include "ui/ResourceImage.h"
+#include "ui/model/WindowContent.h"
 
 #include <QWidget>
 
+class QLabel;
 class SearchField;
 class SectionButton;
+class TextLabel;
 
 /// The left column: brand, search, sections, maker.
 class Sidebar : public QWidget {
     Q_OBJECT
 
 public:
-    explicit Sidebar(QWidget* parent = nullptr);
+    /// `requests` outlives the sidebar.
+    explicit Sidebar(Requests& requests, QWidget* parent = nullptr);
 
-    void present(const ViewState& view);
+    void present(const SidebarContent& content);
     void focusSearch();
-
-Q_SIGNALS:
-    void sectionChosen(const QString& title);
-    void searchEdited(const QString& text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QLayout* brand();
+    QLayout* sectionList(Requests& requests);
+    QLayout* maker();
+    void presentBrandImage(const Path& file);
+
+    QLabel* m_brandImage;
+    ResourceImage m_brandResource;
+    TextLabel* m_brandName;
     SearchField* m_search;
-    std::vector<SectionButton*> m_sections;
+    std::array<SectionButton*, 7> m_sections{};
+    TextLabel* m_maker;
+    TextLabel* m_makerNote;
 };

@@ -12,6 +12,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
@@ -22,21 +23,18 @@ using namespace Qt::StringLiterals;
 StoreView::StoreView(Store& store, QWidget* parent)
     : QWidget(parent)
     , m_store(store)
-    , m_sidebar(new Sidebar)
+    , m_sidebar(new Sidebar(m_requests))
     , m_title(new TextLabel({.style = Style::windowTitle}))
     , m_refresh(new SymbolButton(u"arrow.clockwise"_s, Style::refreshSymbol, Style::secondaryText()))
     , m_pages(new QStackedWidget)
-    , m_catalog(new CatalogPageView(store))
+    , m_catalog(new CatalogPageView(m_requests))
 {
-    const QString help = u"Обновить список установленных приложений"_s;
-    m_refresh->setToolTip(help);
-    m_refresh->setAccessibleName(help);
     m_pages->addWidget(m_catalog);
 
     auto* const column = new QWidget;
     column->setLayout(vstack({}, {titleBar(), new Divider, stretched(m_pages)}));
     auto* const columns = new QSplitter;
-    columns->setHandleWidth(Style::hairline);
+    columns->setHandleWidth(0);
     columns->setChildrenCollapsible(false);
     columns->addWidget(m_sidebar);
     columns->addWidget(column);
@@ -51,12 +49,10 @@ StoreView::StoreView(Store& store, QWidget* parent)
     setMinimumSize(Style::windowMinWidth, Style::windowMinHeight);
 
     connect(&m_store, &Store::objectWillChange, this, &StoreView::planRebuild);
-    connect(m_sidebar, &Sidebar::sectionChosen, this, &StoreView::choose);
-    connect(m_sidebar, &Sidebar::searchEdited, this, &StoreView::search);
-    connect(m_refresh, &QAbstractButton::clicked, this, &StoreView::refresh);
-    connect(m_catalog, &CatalogPageView::opened, this, &StoreView::open);
+    connect(&m_requests, &Requests::sent, this, &StoreView::answer);
+    connect(m_refresh, &QAbstractButton::clicked, this, [this] { answer(request::Refresh()); });
     for (const auto& key : {QKeySequence(Qt::ALT | Qt::Key_Left), QKeySequence(Qt::Key_Back)})
-        connect(new QShortcut(key, this), &QShortcut::activated, this, &StoreView::goBack);
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { answer(request::GoBack()); });
     rebuild();
     // The search field takes the focus only when asked for; the page can be scrolled from the start.
     setFocusProxy(m_catalog);
@@ -75,53 +71,76 @@ QWidget* StoreView::titleBar()
 DetailPageView& StoreView::detailPage()
 {
     if (!m_detail) {
-        m_detail = new DetailPageView(m_store);
+        m_detail = new DetailPageView(m_requests);
         m_pages->addWidget(m_detail);
-        connect(m_detail, &DetailPageView::back, this, &StoreView::goBack);
     }
     return *m_detail;
 }
 
-void StoreView::choose(const QString& section)
+void StoreView::answer(const Request& request)
 {
-    m_view.choose(section);
-    rebuild();
-    m_catalog->verticalScrollBar()->setValue(0);
-}
-
-void StoreView::search(const QString& text)
-{
-    if (text == m_view.search)
+    const bool isRefresh = std::holds_alternative<request::Refresh>(request);
+    const bool isDismissal = std::holds_alternative<request::Dismiss>(request);
+    const bool isCovered = m_isAnswering || (m_sheet && m_sheet->isVisible());
+    if (isCovered && !isRefresh && !isDismissal) {
+        planRebuild(); // The search field shows its former text again.
         return;
-    m_view.search = text;
+    }
+    const QScopedValueRollback answering(m_isAnswering, true);
+    std::visit([this](const auto& asked) { doWhat(asked); }, request);
+}
+
+void StoreView::doWhat(const request::ChooseSection& asked)
+{
+    m_view.choose(asked.title);
     rebuild();
     m_catalog->verticalScrollBar()->setValue(0);
 }
 
-void StoreView::open(const StoreApp& app)
+void StoreView::doWhat(const request::Search& asked)
+{
+    m_view.search = asked.text;
+    rebuild();
+    m_catalog->verticalScrollBar()->setValue(0);
+}
+
+void StoreView::doWhat(const request::Open& asked)
 {
     m_opener = focusWidget();
-    m_view.selected = app;
+    m_view.selected = asked.app;
     rebuild();
     m_detail->verticalScrollBar()->setValue(0);
     m_detail->firstStop()->setFocus();
 }
 
-void StoreView::goBack()
+void StoreView::doWhat(const request::GoBack&)
 {
-    if (m_view.selected) {
-        m_view.selected.reset();
-        rebuild();
-        QWidget* const next = m_opener && m_opener->isVisible() ? m_opener.data() : m_catalog;
-        next->setFocus(Qt::OtherFocusReason);
-    } else if (!m_view.search.isEmpty()) {
-        search({});
-    }
+    if (!m_view.selected)
+        return;
+    m_view.selected.reset();
+    rebuild();
+    QWidget* const next = m_opener && m_opener->isVisible() ? m_opener.data() : m_catalog;
+    next->setFocus(Qt::OtherFocusReason);
 }
 
-void StoreView::refresh()
+void StoreView::doWhat(const request::Launch& asked)
+{
+    m_store.launch(asked.app);
+}
+
+void StoreView::doWhat(const request::Save& asked)
+{
+    m_store.save(asked.app);
+}
+
+void StoreView::doWhat(const request::Refresh&)
 {
     m_store.revision.increment();
+}
+
+void StoreView::doWhat(const request::Dismiss&)
+{
+    m_store.message.set({});
 }
 
 void StoreView::focusSearch()
@@ -141,34 +160,37 @@ void StoreView::planRebuild()
 void StoreView::rebuild()
 {
     m_rebuildPlanned = false;
-    m_sidebar->present(m_view);
-    m_title->setText(m_view.title());
-    setWindowTitle(m_view.title());
-    showPage();
-    showMessage();
+    const WindowContent content = windowContent(m_view, m_store);
+    setWindowTitle(content.title);
+    m_title->setText(content.title);
+    m_refresh->setToolTip(content.refreshHelp);
+    m_refresh->setAccessibleName(content.refreshHelp);
+    m_sidebar->present(content.sidebar);
+    std::visit([this](const auto& page) { present(page); }, content.page);
+    if (isVisible())
+        present(content.message);
 }
 
-void StoreView::showPage()
+void StoreView::present(const CatalogPage& page)
 {
-    if (m_view.selected) {
-        detailPage().present(detail(*m_view.selected));
-        m_pages->setCurrentWidget(m_detail);
-    } else {
-        m_catalog->present(catalog(m_view, m_store));
-        m_pages->setCurrentWidget(m_catalog);
-    }
+    m_catalog->present(page);
+    m_pages->setCurrentWidget(m_catalog);
 }
 
-void StoreView::showMessage()
+void StoreView::present(const DetailPage& page)
 {
-    if (!isVisible())
-        return;
-    if (*m_store.message) {
+    detailPage().present(page);
+    m_pages->setCurrentWidget(m_detail);
+}
+
+void StoreView::present(const std::optional<Message>& message)
+{
+    if (message) {
         if (!m_sheet) {
             m_sheet = new MessageSheet(window());
-            connect(m_sheet, &MessageSheet::dismissed, this, [this] { m_store.message.set({}); });
+            connect(m_sheet, &MessageSheet::dismissed, this, [this] { answer(request::Dismiss()); });
         }
-        m_sheet->present(u"PloviStore"_s, **m_store.message, u"Понятно"_s);
+        m_sheet->present(message->title, message->text, message->button);
     } else if (m_sheet) {
         m_sheet->dismiss();
     }
@@ -177,7 +199,7 @@ void StoreView::showMessage()
 void StoreView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
-        goBack();
+        answer(request::GoBack());
     else
         QWidget::keyPressEvent(event);
 }
@@ -185,7 +207,7 @@ void StoreView::keyPressEvent(QKeyEvent* event)
 void StoreView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::BackButton)
-        goBack();
+        answer(request::GoBack());
     else
         QWidget::mousePressEvent(event);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ui/model/ViewState.h"
+#include "ui/Requests.h"
+#include "ui/model/WindowContent.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -22,11 +23,10 @@ public:
     /// `store` outlives the view.
     explicit StoreView(Store& store, QWidget* parent = nullptr);
 
-    /// Looks again at which applications are installed.
-    void refresh();
+    /// Does what the user asks for. While a message or the save panel covers the window, only its dismissal
+    /// and a refresh are answered.
+    void answer(const Request& request);
     void focusSearch();
-    /// Leaves the page of an entry; in the search field it first empties a search.
-    void goBack();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -34,21 +34,28 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    enum class Scroll { Keep, ToTop };
-
     QWidget* titleBar();
     DetailPageView& detailPage();
-    void choose(const QString& section);
-    void search(const QString& text);
-    void open(const StoreApp& app);
+    void doWhat(const request::ChooseSection& asked);
+    void doWhat(const request::Search& asked);
+    void doWhat(const request::Open& asked);
+    void doWhat(const request::GoBack& asked);
+    void doWhat(const request::Launch& asked);
+    void doWhat(const request::Save& asked);
+    void doWhat(const request::Refresh& asked);
+    void doWhat(const request::Dismiss& asked);
     void planRebuild();
     void rebuild();
-    void showPage();
-    void showMessage();
+    void present(const CatalogPage& page);
+    void present(const DetailPage& page);
+    void present(const std::optional<Message>& message);
 
     Store& m_store;
     ViewState m_view;
+    Requests m_requests;
     bool m_rebuildPlanned = false;
+    /// The save panel's event loop runs inside an answer.
+    bool m_isAnswering = false;
     Sidebar* m_sidebar;
     TextLabel* m_title;
     SymbolButton* m_refresh;

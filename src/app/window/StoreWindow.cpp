@@ -66,7 +66,7 @@ void StoreWindow::raiseToFront()
 
 void StoreWindow::refresh()
 {
-    m_view->refresh();
+    m_view->answer(request::Refresh());
 }
 
 void StoreWindow::run(Command command)

@@ -5,6 +5,7 @@ using namespace Qt::StringLiterals;
 ActionButtonsContent actionButtons(const StoreApp& app, const Store& store)
 {
     return {
+        .app = app,
         .primaryTitle = app.installedURL() ? u"Открыть"_s : u"Загрузить"_s,
         .busy = store.busy->contains(app.id),
         .saveToolTip = u"Скачать "_s + app.archive,
@@ -12,12 +13,16 @@ ActionButtonsContent actionButtons(const StoreApp& app, const Store& store)
     };
 }
 
-AppRowContent appRow(const StoreApp& app)
+AppRowContent appRow(const StoreApp& app, const Store& store)
 {
+    const QString meta = app.category + u" · "_s + app.version + u" · "_s + app.size();
     return {
+        .icon = app.name,
+        .iconAccessibleName = u"Подробнее о "_s + app.name,
         .name = app.name,
         .subtitle = app.subtitle,
-        .meta = app.category + u" · "_s + app.version + u" · "_s + app.size(),
-        .iconAccessibleName = u"Подробнее о "_s + app.name,
+        .meta = meta,
+        .textAccessibleName = QStringList{app.name, app.subtitle, meta}.join(u", "_s),
+        .actions = actionButtons(app, store),
     };
 }

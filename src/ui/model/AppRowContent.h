@@ -2,8 +2,9 @@
 
 #include "store/Store.h"
 
-/// What the two buttons of an entry show.
+/// What the two buttons of an entry show, and the entry that they ask for.
 struct ActionButtonsContent {
+    StoreApp app;
     /// «Открыть» for an installed application, «Загрузить» for any other.
     QString primaryTitle;
     /// The archive is being saved: progress is shown, and saving cannot be asked for again.
@@ -14,17 +15,22 @@ struct ActionButtonsContent {
     bool operator==(const ActionButtonsContent&) const = default;
 };
 
-/// What the buttons of this entry show as of now; looks whether it is installed.
+/// What the buttons of this entry show as of now; looks whether it is installed. Main thread.
 ActionButtonsContent actionButtons(const StoreApp& app, const Store& store);
 
 /// What a row of a list shows of an entry.
 struct AppRowContent {
+    /// The name of the application whose icon the row shows.
+    QString icon;
+    QString iconAccessibleName;
     QString name;
     QString subtitle;
     QString meta;
-    QString iconAccessibleName;
+    QString textAccessibleName;
+    ActionButtonsContent actions;
 
     bool operator==(const AppRowContent&) const = default;
 };
 
-AppRowContent appRow(const StoreApp& app);
+/// The row of this entry as of now; looks whether it is installed. Main thread.
+AppRowContent appRow(const StoreApp& app, const Store& store);

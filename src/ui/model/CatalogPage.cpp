@@ -21,14 +21,18 @@ PageHeader header(const ViewState& view)
 
 FeaturedCard featured(const StoreApp& target)
 {
-    return {
+    FeaturedCard card{
         .slogan = u"Меньше лишнего.\nБольше места."_s,
         .name = u"Brisko"_s,
         .summary = u"Программы и их следы — под контролем."_s,
         .action = u"Посмотреть приложение"_s,
+        .accessibleName = {},
         .icon = u"Brisko"_s,
         .target = target,
     };
+    card.accessibleName =
+        QStringList{card.slogan, card.name, card.summary, card.action}.join(u' ').replace(u'\n', u' ');
+    return card;
 }
 
 EmptyState emptyState(const ViewState& view)
@@ -47,12 +51,20 @@ EmptyState emptyState(const ViewState& view)
     };
 }
 
-} // namespace
-
-bool AppList::hasDivider(std::size_t index) const
+AppList appList(const ViewState& view, const Store& store, std::vector<const StoreApp*> shown)
 {
-    return !canonicallyEqual(apps.at(index)->id, apps.back()->id);
+    AppList list{.title = {}, .apps = std::move(shown), .withoutDivider = {}, .store = &store};
+    if (view.isOverview())
+        list.title = u"Твоя коллекция"_s;
+    const QString& last = list.apps.back()->id;
+    for (std::size_t position = 0; position + 1 < list.count(); ++position) {
+        if (canonicallyEqual(list.apps[position]->id, last))
+            list.withoutDivider.push_back(position);
+    }
+    return list;
 }
+
+} // namespace
 
 CatalogPage catalog(const ViewState& view, const Store& store)
 {
@@ -61,12 +73,8 @@ CatalogPage catalog(const ViewState& view, const Store& store)
     CatalogPage page{.header = header(view), .featured = {}, .body = emptyState(view), .footer = {}};
     if (overview && !store.apps->empty())
         page.featured = featured(store.apps->front());
-    if (auto shown = filtered(view, store); !shown.empty()) {
-        page.body = AppList{
-            .title = overview ? std::optional(u"Твоя коллекция"_s) : std::nullopt,
-            .apps = std::move(shown),
-        };
-    }
+    if (auto shown = filtered(view, store); !shown.empty())
+        page.body = appList(view, store, std::move(shown));
     if (overview)
         page.footer = u"Установочные архивы уже внутри. Интернет и регистрация не нужны."_s;
     return page;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/model/AppRowContent.h"
 #include "ui/model/ViewState.h"
 
 #include <variant>
@@ -18,6 +19,7 @@ struct FeaturedCard {
     QString name;
     QString summary;
     QString action;
+    QString accessibleName;
     /// The name of the application whose icon the card shows.
     QString icon;
     /// The entry that the card opens; it need not be the application that the card speaks of.
@@ -35,13 +37,21 @@ struct EmptyState {
     bool operator==(const EmptyState&) const = default;
 };
 
-/// The entries of a page, which lie in the store's catalog.
+/// The rows of a page. A row is computed when it is asked for, so that a list costs little however long it
+/// is. Valid until the store changes.
 struct AppList {
     std::optional<QString> title;
+    /// They lie in the store's catalog.
     std::vector<const StoreApp*> apps;
+    /// The positions in ascending order, but for the last one, after which no divider stands: those of
+    /// entries with the id of the last one.
+    std::vector<std::size_t> withoutDivider;
+    const Store* store = nullptr;
 
-    /// Whether a divider follows the entry at `index`.
-    bool hasDivider(std::size_t index) const;
+    std::size_t count() const { return apps.size(); }
+    /// The row at this position as of now.
+    AppRowContent row(std::size_t position) const { return appRow(*apps.at(position), *store); }
+
     bool operator==(const AppList&) const = default;
 };
 
@@ -55,4 +65,5 @@ struct CatalogPage {
     bool operator==(const CatalogPage&) const = default;
 };
 
+/// The page as of now. Main thread.
 CatalogPage catalog(const ViewState& view, const Store& store);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalog/StoreApp.h"
+#include "ui/model/AppRowContent.h"
 
 #include <array>
 
@@ -9,19 +9,37 @@ struct Fact {
     QString caption;
     QString value;
 
+    /// Read in one piece.
+    QString accessibleName() const;
     bool operator==(const Fact&) const = default;
 };
 
 Fact fact(const QString& caption, const QString& value);
 
+/// A picture of an application at work. The file may be missing.
+struct Screenshot {
+    Path file;
+    QString accessibleName;
+
+    bool operator==(const Screenshot&) const = default;
+};
+
 /// The page of one entry, from top to bottom.
 struct DetailPage {
-    /// The entry itself: its name, icon and buttons head the page.
-    StoreApp app;
+    QString back;
+    /// The name of the application whose icon the page shows.
+    QString icon;
+    QString name;
+    QString subtitle;
     QString author;
+    ActionButtonsContent actions;
     std::array<Fact, 4> facts;
-    /// The image of the application at work, for the featured application alone. The file may be missing.
-    std::optional<Path> screenshot;
+    QString headline;
+    QString description;
+    QString descriptionAccessibleName;
+    QStringList features;
+    /// For the featured application alone.
+    std::optional<Screenshot> screenshot;
     QString installTitle;
     QString installText;
     QString signingNote;
@@ -29,4 +47,5 @@ struct DetailPage {
     bool operator==(const DetailPage&) const = default;
 };
 
-DetailPage detail(const StoreApp& app);
+/// The page of this entry as of now; looks whether it is installed. Main thread.
+DetailPage detail(const StoreApp& app, const Store& store);
