@@ -48,7 +48,7 @@ void rebuild(benchmark::State& state)
 {
     SampleWindow window(int(state.range()));
     while (state.KeepRunning()) {
-        window.view.refresh();
+        window.view.answer(request::Refresh());
         QCoreApplication::processEvents();
     }
 }

@@ -3,6 +3,7 @@
 #include "ui/kit/PageScroll.h"
 #include "ui/kit/TextLabel.h"
 
+#include <QLayout>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -36,7 +37,7 @@ protected:
         };
         for (qsizetype one = 0; one < parts.size(); ++one) {
             const QRect place = placeOf(parts[one]);
-            EXPECT_TRUE(page->columnRect().adjusted(-1, 0, 1, 0).contains(place))
+            EXPECT_TRUE(page->widget()->layout()->contentsRect().adjusted(-1, 0, 1, 0).contains(place))
                 << place.x() << ' ' << place.width();
             for (qsizetype other = one + 1; other < parts.size(); ++other)
                 EXPECT_FALSE(place.intersects(placeOf(parts[other])))
@@ -83,10 +84,10 @@ TEST_F(LayoutTest, TheColumnIsAtMost1300WideAndInTheMiddle)
     settle();
 
     const auto* const page = shown<PageScroll>();
-    const QRect column = page->columnRect();
+    const QRect column = page->widget()->layout()->contentsRect();
 
     EXPECT_EQ(column.width(), 1300 - 2 * 24);
-    EXPECT_NEAR(column.center().x(), page->viewport()->rect().center().x(), 1);
+    EXPECT_NEAR(column.left(), page->viewport()->width() - 1 - column.right(), 1);
 }
 
 } // namespace

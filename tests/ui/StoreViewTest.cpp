@@ -22,7 +22,7 @@ protected:
     /// A refresh, and every other kind of change of the store.
     void changeEverything()
     {
-        view().refresh();
+        view().answer(request::Refresh());
         store().busy.insert(u"another"_s);
         store().saved.insert(u"another"_s);
         store().busy.remove(u"another"_s);
