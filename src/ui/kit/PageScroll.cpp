@@ -62,8 +62,9 @@ void PageScroll::fitPage()
         return;
     QLayout& column = *widget()->layout();
     const int width = viewport()->width();
-    const int side = Style::pageMargin + qMax(0, (width - Style::pageMaxWidth) / 2);
-    column.setContentsMargins(side, Style::pageMargin, side, Style::pageMargin);
+    const int beside = qMax(0, width - Style::pageMaxWidth);
+    const int margin = Style::pageMargin;
+    column.setContentsMargins(margin + beside / 2, margin, margin + beside - beside / 2, margin);
     const int height =
         column.hasHeightForWidth() ? column.totalHeightForWidth(width) : column.totalSizeHint().height();
     widget()->resize(width, height);
