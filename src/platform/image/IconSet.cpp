@@ -6,25 +6,15 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 
 namespace {
 
 constexpr std::size_t headerSize =
-    8; // a type of four characters and the length of the whole, both of set and entry
-
-// A set made to keep the program busy may have thousands of entries, all damaged in the end.
-constexpr int mostAttempts = 16;
+    8; // a type of four characters and the length of the whole, of set and entry
+// There are fewer types of pictures. The headers of each are read before one is chosen.
+constexpr std::size_t mostEntries = 64;
 
 using Type = std::uint32_t;
-
-constexpr Type type(const char (&name)[5])
-{
-    Type code = 0;
-    for (int i = 0; i < 4; ++i)
-        code = code << 8 | static_cast<unsigned char>(name[i]);
-    return code;
-}
 
 struct PackedRgbType {
     Type picture;
@@ -35,12 +25,12 @@ struct PackedRgbType {
 };
 
 constexpr std::array packedRgbTypes{
-    PackedRgbType{type("is32"), type("s8mk"), 16, 0},
-    PackedRgbType{type("icp4"), type("s8mk"), 16, 0},
-    PackedRgbType{type("il32"), type("l8mk"), 32, 0},
-    PackedRgbType{type("icp5"), type("l8mk"), 32, 0},
-    PackedRgbType{type("ih32"), type("h8mk"), 48, 0},
-    PackedRgbType{type("it32"), type("t8mk"), 128, 4},
+    PackedRgbType{fourCharacters("is32"), fourCharacters("s8mk"), 16, 0},
+    PackedRgbType{fourCharacters("icp4"), fourCharacters("s8mk"), 16, 0},
+    PackedRgbType{fourCharacters("il32"), fourCharacters("l8mk"), 32, 0},
+    PackedRgbType{fourCharacters("icp5"), fourCharacters("l8mk"), 32, 0},
+    PackedRgbType{fourCharacters("ih32"), fourCharacters("h8mk"), 48, 0},
+    PackedRgbType{fourCharacters("it32"), fourCharacters("t8mk"), 128, 4},
 };
 
 struct PackedArgbType {
@@ -49,9 +39,9 @@ struct PackedArgbType {
 };
 
 constexpr std::array packedArgbTypes{
-    PackedArgbType{type("ic04"), 16},
-    PackedArgbType{type("icsb"), 18},
-    PackedArgbType{type("ic05"), 32},
+    PackedArgbType{fourCharacters("ic04"), 16},
+    PackedArgbType{fourCharacters("icsb"), 18},
+    PackedArgbType{fourCharacters("ic05"), 32},
 };
 
 struct Entry {
@@ -64,7 +54,7 @@ std::vector<Entry> entriesOf(Bytes file)
     std::vector<Entry> entries;
     Bytes rest = file.first(std::min<std::size_t>(file.size(), bigEndian32(file, 4)));
     rest = rest.subspan(std::min(rest.size(), headerSize));
-    while (rest.size() >= headerSize) {
+    while (rest.size() >= headerSize && entries.size() < mostEntries) {
         const std::size_t length = bigEndian32(rest, 4);
         if (length < headerSize || length > rest.size())
             break;
@@ -74,73 +64,53 @@ std::vector<Entry> entriesOf(Bytes file)
     return entries;
 }
 
-struct Candidate {
-    int longerEdge;
-    std::function<std::optional<Image>()> decode;
-};
-
 Bytes contentOf(std::span<const Entry> entries, Type wanted)
 {
     const auto found = std::ranges::find(entries, wanted, &Entry::type);
     return found == entries.end() ? Bytes() : found->content;
 }
 
-std::optional<Candidate> candidate(const Entry& entry, std::span<const Entry> entries)
+// A hundred nanoseconds a pixel are plenty, and 32 bytes are what is held of each.
+Picture packedPicture(int edge, std::function<std::optional<Image>()> decode)
 {
-    const Bytes content = entry.content;
-    if (const auto size = pngSize(content))
-        return Candidate{std::max(size->width, size->height), [content] { return decodePng(content); }};
-    if (const auto size = jpeg2000Size(content))
-        return Candidate{std::max(size->width, size->height), [content] { return decodeJpeg2000(content); }};
-
-    if (isPackedArgb(content)) {
-        const auto packed = std::ranges::find(packedArgbTypes, entry.type, &PackedArgbType::picture);
-        if (packed != packedArgbTypes.end())
-            return Candidate{
-                packed->edge, [content, packed] { return decodePackedArgb(content, packed->edge); }};
-    }
-
-    const auto packed = std::ranges::find(packedRgbTypes, entry.type, &PackedRgbType::picture);
-    if (packed == packedRgbTypes.end() || content.size() < packed->padding)
-        return std::nullopt;
-    return Candidate{packed->edge, [content, entries, packed] {
-                         return decodePackedRgb(content.subspan(packed->padding),
-                             contentOf(entries, packed->mask), packed->edge);
-                     }};
+    const double pixels = double(edge) * edge;
+    return {edge, {.nanoseconds = 100 * pixels, .bytes = 32 * pixels}, std::move(decode)};
 }
 
-// The sufficient ones from the smallest, then the others from the largest.
-void sortByFitness(std::vector<Candidate>& candidates, int edge)
+std::optional<Picture> pictureIn(const Entry& entry, std::span<const Entry> set, int edge)
 {
-    std::ranges::stable_sort(candidates, {}, &Candidate::longerEdge);
-    const auto sufficient = std::ranges::lower_bound(candidates, edge, {}, &Candidate::longerEdge);
-    std::reverse(candidates.begin(), sufficient);
-    std::rotate(candidates.begin(), sufficient, candidates.end());
+    const Bytes content = entry.content;
+    if (auto picture = pngPicture(content))
+        return picture;
+    if (auto picture = jpeg2000Picture(content, edge))
+        return picture;
+
+    const auto argb = std::ranges::find(packedArgbTypes, entry.type, &PackedArgbType::picture);
+    if (isPackedArgb(content) && argb != packedArgbTypes.end())
+        return packedPicture(argb->edge, [=] { return decodePackedArgb(content, argb->edge); });
+
+    const auto rgb = std::ranges::find(packedRgbTypes, entry.type, &PackedRgbType::picture);
+    if (rgb == packedRgbTypes.end() || content.size() < rgb->padding)
+        return std::nullopt;
+    const Bytes samples = content.subspan(rgb->padding);
+    const Bytes mask = contentOf(set, rgb->mask);
+    return packedPicture(rgb->edge, [=] { return decodePackedRgb(samples, mask, rgb->edge); });
 }
 
 } // namespace
 
 bool isIconSet(Bytes file)
 {
-    return file.size() >= headerSize && bigEndian32(file, 0) == type("icns");
+    return file.size() >= headerSize && bigEndian32(file, 0) == fourCharacters("icns");
 }
 
-std::optional<Image> decodeIconSet(Bytes file, int edge)
+std::vector<Picture> picturesIn(Bytes iconSet, int edge)
 {
-    const std::vector<Entry> entries = entriesOf(file);
-    std::vector<Candidate> candidates;
+    const std::vector<Entry> entries = entriesOf(iconSet);
+    std::vector<Picture> pictures;
     for (const Entry& entry : entries) {
-        if (auto found = candidate(entry, entries))
-            candidates.push_back(std::move(*found));
+        if (auto picture = pictureIn(entry, entries, edge))
+            pictures.push_back(std::move(*picture));
     }
-    sortByFitness(candidates, edge);
-
-    int attempts = 0;
-    for (const Candidate& next : candidates) {
-        if (auto image = next.decode())
-            return image;
-        if (++attempts == mostAttempts)
-            break;
-    }
-    return std::nullopt;
+    return pictures;
 }

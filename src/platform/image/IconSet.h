@@ -5,6 +5,5 @@
 /// Whether this is a set of icons.
 bool isIconSet(Bytes file);
 
-/// The smallest picture of the set whose longer edge is at least `edge`, else the largest; damaged ones are
-/// passed over. None when no picture is left.
-std::optional<Image> decodeIconSet(Bytes file, int edge);
+/// The pictures of a set, in its order, each to be decoded for `edge`; what is no picture is passed over.
+std::vector<Picture> picturesIn(Bytes iconSet, int edge);

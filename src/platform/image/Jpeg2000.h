@@ -2,10 +2,7 @@
 
 #include "platform/image/Picture.h"
 
-/// The size that a JPEG 2000 file or bare codestream states; none when this is neither, or the size is not
-/// acceptable.
-std::optional<PictureSize> jpeg2000Size(Bytes file);
-
-/// The picture in a JPEG 2000 file or bare codestream: grey or RGB (also as sYCC), with or without alpha, at
-/// any depth; none when it is damaged, or of another kind.
-std::optional<Image> decodeJpeg2000(Bytes file);
+/// The picture in a JPEG 2000 file or bare codestream, to be decoded at the smallest of its resolutions whose
+/// longer edge is at least `edge`, or at the largest one that is affordable. None when this is neither, or it
+/// uses a feature that icons do not need.
+std::optional<Picture> jpeg2000Picture(Bytes file, int edge);

@@ -2,6 +2,8 @@
 
 #include "platform/Image.h"
 
+#include <functional>
+
 /// The bytes of an image file, or of a picture within one.
 using Bytes = std::span<const std::byte>;
 
@@ -12,14 +14,37 @@ struct PictureSize {
     bool operator==(const PictureSize&) const = default;
 };
 
-/// Whether a picture of this size is decoded at all. Some bytes can claim any size, and memory has an end: 32
-/// million pixels are enough for a screen of 7680 × 4320.
-constexpr bool isAcceptable(PictureSize size)
+/// What decoding takes at most: time of one processor, measured with files made to take as much as they can,
+/// and memory, with the image that results.
+struct Effort {
+    double nanoseconds = 0;
+    double bytes = 0;
+
+    bool operator==(const Effort&) const = default;
+};
+
+/// What one call of decodeImage() may take. The rest of its 64 MiB is for what does not grow with the
+/// picture.
+constexpr Effort affordable{.nanoseconds = 300e6, .bytes = 60e6};
+
+constexpr bool isWithin(const Effort& effort, const Effort& limit)
+{
+    return effort.nanoseconds <= limit.nanoseconds && effort.bytes <= limit.bytes;
+}
+
+/// A picture of which only the headers have been read.
+struct Picture {
+    int longerEdge = 0;
+    Effort effort;
+    /// None when the picture is damaged. The file must still be there.
+    std::function<std::optional<Image>()> decode;
+};
+
+/// Whether these can be the edges of a picture.
+constexpr bool isAcceptable(std::int64_t width, std::int64_t height)
 {
     constexpr int longestEdge = 16384;
-    constexpr std::int64_t mostPixels = std::int64_t{1} << 25;
-    return size.width > 0 && size.width <= longestEdge && size.height > 0 && size.height <= longestEdge
-        && std::int64_t{size.width} * size.height <= mostPixels;
+    return width > 0 && width <= longestEdge && height > 0 && height <= longestEdge;
 }
 
 /// An image of this size, all transparent. The size must be acceptable.
@@ -36,6 +61,15 @@ inline std::uint32_t bigEndian32(Bytes bytes, std::size_t offset)
     for (const std::byte byte : bytes.subspan(offset, 4))
         number = number << 8 | std::to_integer<std::uint32_t>(byte);
     return number;
+}
+
+/// The four characters of a name as the number that stands for them in a file.
+constexpr std::uint32_t fourCharacters(const char (&name)[5])
+{
+    std::uint32_t code = 0;
+    for (int i = 0; i < 4; ++i)
+        code = code << 8 | static_cast<unsigned char>(name[i]);
+    return code;
 }
 
 constexpr std::uint32_t packedPixel(
