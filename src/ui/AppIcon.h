@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Look.h"
 #include "ui/ResourceImage.h"
 #include "ui/kit/Style.h"
 
@@ -11,7 +12,7 @@ class AppIcon : public QWidget {
     Q_OBJECT
 
 public:
-    explicit AppIcon(Style::Length size = Style::rowIcon, QWidget* parent = nullptr);
+    explicit AppIcon(Style::Length size = Look::rowIcon, QWidget* parent = nullptr);
 
     /// Reads the icon of the application with that name from the bundle.
     void present(const QString& name);

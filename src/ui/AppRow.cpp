@@ -2,6 +2,7 @@
 
 #include "ui/ActionButtons.h"
 #include "ui/AppIcon.h"
+#include "ui/Look.h"
 #include "ui/kit/PlainButton.h"
 #include "ui/kit/ProminentButton.h"
 #include "ui/kit/Stacks.h"
@@ -14,21 +15,20 @@ using namespace Qt::StringLiterals;
 
 AppRow::AppRow(Requests& requests, QWidget* parent)
     : QWidget(parent)
-    , m_icon(new AppIcon(Style::rowIcon))
+    , m_icon(new AppIcon(Look::rowIcon))
     , m_iconButton(new PlainButton)
     , m_textButton(new PlainButton)
-    , m_name(new TextLabel({.style = Style::rowName}))
-    , m_subtitle(new TextLabel({.style = Style::rowSubtitle, .color = Style::secondaryText()}))
-    , m_meta(new TextLabel({.style = Style::rowMeta, .color = Style::secondaryText()}))
+    , m_name(new TextLabel({.style = Look::rowName}))
+    , m_subtitle(new TextLabel({.style = Look::rowSubtitle, .color = Style::secondaryText()}))
+    , m_meta(new TextLabel({.style = Look::rowMeta, .color = Style::secondaryText()}))
     , m_actions(new ActionButtons(requests))
 {
     m_iconButton->setContent(hstack({}, {m_icon}));
-    m_textButton->setContent(vstack({.spacing = Style::rowLineSpacing}, {m_name, m_subtitle, m_meta}));
+    m_textButton->setContent(vstack({.spacing = Look::rowLineSpacing}, {m_name, m_subtitle, m_meta}));
     // The halo of a button needs room inside the row.
-    const int x = Style::bleedX;
-    const int y = Style::bleedY;
-    setContentsMargins(x, y, x, y);
-    setLayout(hstack({.spacing = Style::rowSpacing}, {m_iconButton, stretched(m_textButton), m_actions}));
+    setContentsMargins(Style::bleed, Style::bleed, Style::bleed, Style::bleed);
+    setLayout(
+        hstack({.spacing = Look::rowSpacing}, {m_iconButton, stretched(m_textButton), bleeding(m_actions)}));
 
     for (PlainButton* button : {m_iconButton, m_textButton})
         connect(button, &QAbstractButton::clicked, this,

@@ -1,6 +1,7 @@
 #include "ui/AppRowList.h"
 
 #include "ui/AppRow.h"
+#include "ui/Look.h"
 #include "ui/kit/Style.h"
 
 #include <QPaintEvent>
@@ -19,13 +20,13 @@ constexpr std::size_t rowsAround = 2;
 AppRowList::AppRowList(Requests& requests, QWidget* parent) : QWidget(parent), m_requests(requests)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setContentsMargins(Style::bleedX, Style::bleedY, Style::bleedX, Style::bleedY);
+    setContentsMargins(Style::bleed, Style::bleed, Style::bleed, Style::bleed);
 }
 
 /// From the top of a row to that of the next, with a divider between them.
 int AppRowList::pitch() const
 {
-    return m_rowHeight - 2 * Style::bleedY + 2 * Style::pageSpacing + Style::hairline;
+    return m_rowHeight - 2 * Style::bleed + 2 * Look::pageSpacing + Style::hairline;
 }
 
 /// The list may end below the last row: then that of the row that would follow.
@@ -33,7 +34,7 @@ int AppRowList::top(std::size_t position) const
 {
     const auto missing =
         std::ranges::lower_bound(m_list.withoutDivider, position) - m_list.withoutDivider.begin();
-    return int(position) * pitch() - int(missing) * (Style::pageSpacing + Style::hairline);
+    return int(position) * pitch() - int(missing) * (Look::pageSpacing + Style::hairline);
 }
 
 /// The last row that begins at or above `y`; the first one where none does.
@@ -145,7 +146,7 @@ void AppRowList::paintEvent(QPaintEvent* event)
     const QRect column = contentsRect();
     for (std::size_t position = positionAt(event->rect().top() - pitch());
          position + 1 < m_list.count() && top(position) < event->rect().bottom(); ++position) {
-        const int y = top(position) + m_rowHeight - Style::bleedY + Style::pageSpacing;
+        const int y = top(position) + m_rowHeight - Style::bleed + Look::pageSpacing;
         if (!std::ranges::binary_search(m_list.withoutDivider, position))
             painter.fillRect(column.left(), y, column.width(), Style::hairline, Style::divider());
     }

@@ -3,8 +3,10 @@
 #include "ui/AppRowList.h"
 #include "ui/EmptyStateView.h"
 #include "ui/FeaturedCardView.h"
+#include "ui/Look.h"
 #include "ui/kit/Divider.h"
 #include "ui/kit/Stacks.h"
+#include "ui/kit/SymbolView.h"
 #include "ui/kit/TextLabel.h"
 
 #include <QScrollBar>
@@ -14,25 +16,23 @@ using namespace Qt::StringLiterals;
 
 CatalogPageView::CatalogPageView(Requests& requests, QWidget* parent)
     : PageScroll(parent)
-    , m_title(new TextLabel({.style = Style::pageTitle, .lines = Lines::Wrapped}))
+    , m_title(new TextLabel({.style = Look::pageTitle, .lines = Lines::Wrapped}))
     , m_subtitle(new TextLabel(
-          {.style = Style::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+          {.style = Look::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_featured(new FeaturedCardView(requests))
     , m_empty(new EmptyStateView)
-    , m_listTitle(new TextLabel({.style = Style::collectionTitle, .lines = Lines::Wrapped}))
+    , m_listTitle(new TextLabel({.style = Look::collectionTitle, .lines = Lines::Wrapped}))
     , m_rows(new AppRowList(requests))
     , m_footer(new QWidget)
-    , m_footerText(new TextLabel({.style = Style::footerNote,
-          .color = Style::secondaryText(),
-          .lines = Lines::Wrapped,
-          .symbol = u"shippingbox"_s,
-          .symbolSize = Style::noteSymbol,
-          .symbolGap = Style::noteSpacing}))
+    , m_footerText(new TextLabel(
+          {.style = Look::footerNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
 {
-    m_footer->setLayout(vstack({.spacing = Style::pageSpacing}, {new Divider, m_footerText}));
-    setPage(vstack({.spacing = Style::pageSpacing},
+    auto* const box = new SymbolView(u"shippingbox"_s, Look::noteSymbol, Style::secondaryText());
+    m_footer->setLayout(vstack(
+        {.spacing = Look::pageSpacing}, {new Divider, symbolBefore(box, m_footerText, Look::noteSpacing)}));
+    setPage(vstack({.spacing = Look::pageSpacing},
         {
-            vstack({.spacing = Style::headerSpacing}, {m_title, m_subtitle}),
+            vstack({.spacing = Look::headerSpacing}, {m_title, m_subtitle}),
             m_featured,
             m_empty,
             m_listTitle,

@@ -2,12 +2,14 @@
 
 #include "ui/ActionButtons.h"
 #include "ui/AppIcon.h"
+#include "ui/Look.h"
 #include "ui/ScreenshotView.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
-#include "ui/kit/LabelButton.h"
+#include "ui/kit/PlainButton.h"
 #include "ui/kit/SelectableText.h"
 #include "ui/kit/Stacks.h"
+#include "ui/kit/SymbolView.h"
 #include "ui/kit/TextLabel.h"
 
 #include <QHBoxLayout>
@@ -16,29 +18,31 @@ using namespace Qt::StringLiterals;
 
 DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
     : PageScroll(parent)
-    , m_back(new LabelButton(
-          {.style = Style::body, .color = Style::secondaryText(), .symbol = u"chevron.left"_s},
-          u"Назад к приложениям"_s))
-    , m_icon(new AppIcon(Style::detailIcon))
-    , m_name(new TextLabel({.style = Style::detailName, .lines = Lines::Wrapped}))
+    , m_back(new PlainButton)
+    , m_icon(new AppIcon(Look::detailIcon))
+    , m_name(new TextLabel({.style = Look::detailName, .lines = Lines::Wrapped}))
     , m_subtitle(new TextLabel(
-          {.style = Style::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
-    , m_author(new TextLabel({.style = Style::detailAuthor, .color = Style::secondaryText()}))
+          {.style = Look::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+    , m_author(new TextLabel({.style = Look::detailAuthor, .color = Style::secondaryText()}))
     , m_actions(new ActionButtons(requests))
-    , m_headline(new TextLabel({.style = Style::headline, .lines = Lines::Wrapped}))
-    , m_description(new SelectableText(Style::description, Style::secondaryText(), Style::descriptionExtra))
-    , m_featureRow(hstack({.spacing = Style::featureSpacing}, {Spacer()}))
+    , m_headline(new TextLabel({.style = Look::headline, .lines = Lines::Wrapped}))
+    , m_description(new SelectableText(Look::description, Style::secondaryText(), Look::descriptionExtra))
+    , m_featureRow(hstack({.spacing = Look::featureSpacing}, {Spacer()}))
     , m_screenshot(new ScreenshotView)
-    , m_installTitle(new TextLabel({.style = Style::instructionTitle, .lines = Lines::Wrapped}))
-    , m_installText(new TextLabel({.style = Style::instruction,
+    , m_installTitle(new TextLabel({.style = Look::instructionTitle, .lines = Lines::Wrapped}))
+    , m_installText(new TextLabel({.style = Look::instruction,
           .color = Style::secondaryText(),
           .lines = Lines::Wrapped,
-          .extra = Style::instructionExtra}))
+          .extra = Look::instructionExtra}))
     , m_signingNote(new TextLabel(
-          {.style = Style::signingNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
+          {.style = Look::signingNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
 {
-    m_description->setMaximumWidth(Style::descriptionMaxWidth);
-    setPage(vstack({.spacing = Style::pageSpacing},
+    m_back->setText(u"Назад к приложениям"_s);
+    m_back->setContent(
+        symbolBefore(new SymbolView(u"chevron.left"_s, Style::symbolFor(Style::body), Style::secondaryText()),
+            new TextLabel({.color = Style::secondaryText()}, m_back->text())));
+    m_description->setMaximumWidth(Look::descriptionMaxWidth);
+    setPage(vstack({.spacing = Look::pageSpacing},
         {
             m_back,
             header(),
@@ -49,7 +53,7 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
             m_description,
             m_featureRow,
             m_screenshot,
-            vstack({.margins = {0, Style::instructionTop, 0, 0}}, {m_installTitle}),
+            vstack({.margins = {0, Look::instructionTop, 0, 0}}, {m_installTitle}),
             m_installText,
             m_signingNote,
         }));
@@ -60,29 +64,29 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
 
 QLayout* DetailPageView::header()
 {
-    return hstack({.spacing = Style::detailSpacing},
+    return hstack({.spacing = Look::detailSpacing},
         {
             m_icon,
-            stretched(vstack({.spacing = Style::detailLineSpacing},
+            stretched(vstack({.spacing = Look::detailLineSpacing},
                 {
                     m_name,
                     m_subtitle,
                     m_author,
-                    vstack({.margins = {0, Style::detailActionsTop, 0, 0}}, {m_actions}),
+                    vstack({.margins = {0, Look::detailActionsTop, 0, 0}}, {bleeding(m_actions)}),
                 })),
         });
 }
 
 QLayout* DetailPageView::facts()
 {
-    QBoxLayout* const row = hstack({.spacing = Style::factSpacing, .align = Qt::AlignTop}, {});
+    QBoxLayout* const row = hstack({.spacing = Look::factSpacing, .align = Qt::AlignTop}, {});
     for (FactLabels& labels : m_facts) {
-        labels.caption = new TextLabel({.style = Style::factCaption, .color = Style::secondaryText()});
-        labels.value = new TextLabel({.style = Style::factValue});
+        labels.caption = new TextLabel({.style = Look::factCaption, .color = Style::secondaryText()});
+        labels.value = new TextLabel({.style = Look::factValue});
         // Read with the value, which carries the caption in its name.
         makeDecorative(*labels.caption);
-        append(*row, {vstack({.spacing = Style::factLineSpacing}, {labels.caption, labels.value})},
-            Qt::AlignTop);
+        append(
+            *row, {vstack({.spacing = Look::factLineSpacing}, {labels.caption, labels.value})}, Qt::AlignTop);
     }
     append(*row, {Spacer()}, Qt::AlignTop);
     return row;
@@ -114,15 +118,16 @@ void DetailPageView::present(const DetailPage& page)
 void DetailPageView::presentFeatures(const QStringList& features)
 {
     while (qsizetype(m_features.size()) < features.size()) {
-        auto* const label = new TextLabel(
-            {.style = Style::feature, .color = Style::secondaryText(), .symbol = u"checkmark"_s});
-        m_featureRow->insertWidget(int(m_features.size()), label);
-        m_features.push_back(label);
+        auto* const line = new QWidget;
+        auto* const text = new TextLabel({.style = Look::feature, .color = Style::secondaryText()});
+        line->setLayout(symbolBefore(
+            new SymbolView(u"checkmark"_s, Style::symbolFor(Look::feature), Style::secondaryText()), text));
+        m_featureRow->insertWidget(int(m_features.size()), line);
+        m_features.push_back({line, text});
     }
     for (std::size_t index = 0; index < m_features.size(); ++index) {
-        const QString text = features.value(qsizetype(index));
-        m_features[index]->setText(text);
-        m_features[index]->setVisible(qsizetype(index) < features.size());
+        m_features[index].text->setText(features.value(qsizetype(index)));
+        m_features[index].line->setVisible(qsizetype(index) < features.size());
     }
 }
 

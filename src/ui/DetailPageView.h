@@ -6,7 +6,7 @@
 
 class ActionButtons;
 class AppIcon;
-class LabelButton;
+class PlainButton;
 class ScreenshotView;
 class SelectableText;
 class TextLabel;
@@ -35,7 +35,12 @@ private:
     QLayout* facts();
     void presentFeatures(const QStringList& features);
 
-    LabelButton* m_back;
+    struct Feature {
+        QWidget* line = nullptr;
+        TextLabel* text = nullptr;
+    };
+
+    PlainButton* m_back;
     AppIcon* m_icon;
     TextLabel* m_name;
     TextLabel* m_subtitle;
@@ -45,7 +50,7 @@ private:
     TextLabel* m_headline;
     SelectableText* m_description;
     QBoxLayout* m_featureRow;
-    std::vector<TextLabel*> m_features;
+    std::vector<Feature> m_features;
     ScreenshotView* m_screenshot;
     TextLabel* m_installTitle;
     TextLabel* m_installText;

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class SymbolView;
 class TextLabel;
 
 /// What a page says when it has nothing to list.
@@ -15,11 +16,8 @@ public:
 
     void present(const EmptyState& state);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
-    QString m_symbol;
+    SymbolView* m_symbol;
     TextLabel* m_title;
     TextLabel* m_description;
 };

@@ -1,10 +1,13 @@
 #include "ui/FeaturedCardView.h"
 
 #include "ui/AppIcon.h"
+#include "ui/Look.h"
 #include "ui/kit/Stacks.h"
+#include "ui/kit/SymbolView.h"
 #include "ui/kit/TextLabel.h"
 
 #include <QHBoxLayout>
+#include <QLinearGradient>
 #include <QPainter>
 
 #include <utility>
@@ -12,19 +15,30 @@
 using namespace Qt::StringLiterals;
 
 FeaturedCardView::FeaturedCardView(Requests& requests, QWidget* parent)
-    : Card(Style::cardStart(), Style::cardEnd(), parent)
-    , m_slogan(new TextLabel({.style = Style::cardTitle, .color = Style::white(), .lines = Lines::Wrapped}))
-    , m_name(new TextLabel({.style = Style::cardName, .color = Style::white()}))
-    , m_summary(
-          new TextLabel({.style = Style::cardNote, .color = Style::cardText(), .lines = Lines::Wrapped}))
-    , m_action(
-          new TextLabel({.style = Style::cardLink, .color = Style::white(), .symbol = u"arrow.up.right"_s}))
-    , m_icon(new AppIcon(Style::cardIcon))
+    : PlainButton(parent)
+    , m_slogan(new TextLabel({.style = Look::cardTitle, .color = Style::white(), .lines = Lines::Wrapped}))
+    , m_name(new TextLabel({.style = Look::cardName, .color = Style::white()}))
+    , m_summary(new TextLabel({.style = Look::cardNote, .color = Look::cardText(), .lines = Lines::Wrapped}))
+    , m_action(new TextLabel({.style = Look::cardLink, .color = Style::white()}))
+    , m_icon(new AppIcon(Look::cardIcon))
 {
-    const int margin = Style::cardMargin;
-    auto* const texts = vstack({.spacing = Style::cardLineSpacing},
-        {m_slogan, m_name, m_summary, vstack({.margins = {0, Style::cardLinkTop, 0, 0}}, {m_action})});
-    setContent(hstack({.spacing = Style::cardSpacing, .margins = {margin, margin, margin, margin}},
+    const int bleed = Style::focusGap + Style::focusRing;
+    setContentsMargins(bleed, bleed, bleed, bleed);
+    setMinimumHeight(Look::cardMinHeight + 2 * bleed);
+    QSizePolicy fill(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    fill.setHeightForWidth(true);
+    setSizePolicy(fill);
+
+    const int margin = Look::cardMargin;
+    auto* const arrow = new SymbolView(u"arrow.up.right"_s, Style::symbolFor(Look::cardLink), Style::white());
+    auto* const texts = vstack({.spacing = Look::cardLineSpacing},
+        {
+            m_slogan,
+            m_name,
+            m_summary,
+            vstack({.margins = {0, Look::cardLinkTop, 0, 0}}, {symbolBefore(arrow, m_action)}),
+        });
+    setContent(hstack({.spacing = Look::cardSpacing, .margins = {margin, margin, margin, margin}},
         {stretched(texts), m_icon}));
 
     connect(this, &QAbstractButton::clicked, this,
@@ -42,15 +56,38 @@ void FeaturedCardView::present(const FeaturedCard& card)
     setAccessibleName(card.accessibleName);
 }
 
-void FeaturedCardView::paintEvent(QPaintEvent* event)
+ButtonShape FeaturedCardView::shape() const
 {
-    Card::paintEvent(event);
+    return {contentsRect(), Look::cardCorner, Style::focusGap};
+}
+
+void FeaturedCardView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawBackground(painter);
+    drawState(painter);
+    drawShadow(painter);
+}
+
+void FeaturedCardView::drawBackground(QPainter& painter) const
+{
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    QLinearGradient gradient(mirrored ? 1 : 0, 0, mirrored ? 0 : 1, 1);
+    gradient.setCoordinateMode(QGradient::ObjectMode);
+    gradient.setColorAt(0, Look::cardStart());
+    gradient.setColorAt(1, Look::cardEnd());
+    painter.fillPath(continuousRect(contentsRect(), Look::cardCorner), gradient);
+}
+
+void FeaturedCardView::drawShadow(QPainter& painter)
+{
     if (m_icon->image().isNull())
         return;
     const qint64 picture = m_icon->image().cacheKey();
     if (std::exchange(m_shadowOwner, picture) != picture)
         m_shadow =
-            shadowOf(m_icon->image(), Style::shadowBlur, QPointF(0, Style::shadowOffset), Style::shadow());
+            shadowOf(m_icon->image(), Look::shadowBlur, QPointF(0, Look::shadowOffset), Look::shadow());
     const QPointF icon = m_icon->mapTo(this, QPoint()) + m_icon->imageRect().topLeft();
-    QPainter(this).drawImage(icon + m_shadow.position, m_shadow.image);
+    painter.drawImage(icon + m_shadow.position, m_shadow.image);
 }

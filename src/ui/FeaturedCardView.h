@@ -1,15 +1,15 @@
 #pragma once
 
 #include "ui/Requests.h"
-#include "ui/kit/Card.h"
+#include "ui/kit/PlainButton.h"
 #include "ui/kit/Shapes.h"
 #include "ui/model/CatalogPage.h"
 
 class AppIcon;
 class TextLabel;
 
-/// The large card of the overview.
-class FeaturedCardView : public Card {
+/// The large card of the overview, on a colour that runs from its top leading to its bottom trailing corner.
+class FeaturedCardView : public PlainButton {
     Q_OBJECT
 
 public:
@@ -20,8 +20,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    ButtonShape shape() const override;
 
 private:
+    void drawBackground(QPainter& painter) const;
+    void drawShadow(QPainter& painter);
+
     StoreApp m_target;
     TextLabel* m_slogan;
     TextLabel* m_name;

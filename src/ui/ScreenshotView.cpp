@@ -1,5 +1,6 @@
 #include "ui/ScreenshotView.h"
 
+#include "ui/Look.h"
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
 
@@ -12,7 +13,7 @@ ScreenshotView::ScreenshotView(QWidget* parent) : QWidget(parent)
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
-    setMaximumWidth(Style::screenshotMaxWidth);
+    setMaximumWidth(Look::screenshotMaxWidth);
     setVisible(false);
 }
 
@@ -21,7 +22,7 @@ void ScreenshotView::present(const std::optional<Screenshot>& screenshot)
     setAccessibleName(screenshot ? screenshot->accessibleName : QString());
     if (!screenshot)
         m_resource.clear();
-    if (screenshot && m_resource.load(screenshot->file, Style::screenshotMaxWidth)) {
+    if (screenshot && m_resource.load(screenshot->file, Look::screenshotMaxWidth)) {
         m_fitted = {};
         updateGeometry();
         update();
@@ -31,13 +32,13 @@ void ScreenshotView::present(const std::optional<Screenshot>& screenshot)
 
 QSize ScreenshotView::sizeHint() const
 {
-    return {Style::screenshotMaxWidth, heightForWidth(Style::screenshotMaxWidth)};
+    return {Look::screenshotMaxWidth, heightForWidth(Look::screenshotMaxWidth)};
 }
 
 int ScreenshotView::heightForWidth(int width) const
 {
     const QSize natural = m_resource.image().size();
-    const int shown = std::min<int>(width, Style::screenshotMaxWidth);
+    const int shown = std::min<int>(width, Look::screenshotMaxWidth);
     return natural.isEmpty() ? 0 : natural.height() * shown / natural.width();
 }
 
@@ -55,5 +56,5 @@ void ScreenshotView::paintEvent(QPaintEvent*)
     picture.setTransform(QTransform::fromTranslate(frame.left(), frame.top()));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(continuousRect(frame, Style::screenshotCorner), picture);
+    painter.fillPath(continuousRect(frame, Look::screenshotCorner), picture);
 }

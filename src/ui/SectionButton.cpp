@@ -1,7 +1,9 @@
 #include "ui/SectionButton.h"
 
+#include "ui/Look.h"
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Stacks.h"
+#include "ui/kit/SymbolView.h"
 #include "ui/kit/TextLabel.h"
 
 #include <QHBoxLayout>
@@ -9,34 +11,40 @@
 
 SectionButton::SectionButton(const Section& section, QWidget* parent)
     : PlainButton(parent)
-    , m_label(new TextLabel({.style = Style::sectionTitle,
-                                .symbol = section.symbol,
-                                .symbolSize = Style::sectionSymbol,
-                                .symbolGap = Style::sectionGap},
-          section.title))
+    , m_symbol(new SymbolView(section.symbol, Look::sectionSymbol, Style::secondaryText()))
+    , m_label(new TextLabel({.style = Look::sectionTitle}, section.title))
 {
-    const int x = Style::sectionMarginX;
-    const int y = Style::sectionMarginY;
+    const int x = Look::sectionMarginX;
+    const int y = Look::sectionMarginY;
     setCheckable(true);
     setAccessibleName(section.title);
-    setContent(hstack({.margins = {x, y, x, y}}, {stretched(m_label)}));
+    setContent(
+        hstack({.margins = {x, y, x, y}}, {stretched(symbolBefore(m_symbol, m_label, Look::sectionGap))}));
+    // So narrow that the ring stays clear of the neighbours.
+    setContentsMargins(Style::focusRing, Style::focusRing, Style::focusRing, Style::focusRing);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void SectionButton::present(const SectionItem& item)
 {
     setChecked(item.isChosen);
-    m_label->setColor(isChecked() ? Style::white() : Style::secondaryText());
+    const QColor color = isChecked() ? Style::white() : Style::secondaryText();
+    m_symbol->setColor(color);
+    m_label->setColor(color);
 }
 
 void SectionButton::nextCheckState() { }
 
-void SectionButton::paintEvent(QPaintEvent* event)
+ButtonShape SectionButton::shape() const
 {
-    if (isChecked()) {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillPath(continuousRect(contentsRect(), Style::sectionCorner), Style::selection());
-    }
-    PlainButton::paintEvent(event);
+    return {contentsRect(), Look::sectionCorner};
+}
+
+void SectionButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isChecked())
+        painter.fillPath(continuousRect(contentsRect(), Look::sectionCorner), Look::selection());
+    drawState(painter);
 }

@@ -3,6 +3,7 @@
 #include "ui/kit/PlainButton.h"
 #include "ui/model/WindowContent.h"
 
+class SymbolView;
 class TextLabel;
 
 /// The button of one section in the sidebar. The chosen one is checked, which only the page's state decides.
@@ -17,7 +18,9 @@ public:
 protected:
     void nextCheckState() override;
     void paintEvent(QPaintEvent* event) override;
+    ButtonShape shape() const override;
 
 private:
+    SymbolView* m_symbol;
     TextLabel* m_label;
 };

@@ -1,10 +1,12 @@
 #include "ui/Sidebar.h"
 
+#include "ui/Look.h"
 #include "ui/SectionButton.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
 #include "ui/kit/SearchField.h"
 #include "ui/kit/Stacks.h"
+#include "ui/kit/SymbolView.h"
 #include "ui/kit/TextLabel.h"
 
 #include <QHBoxLayout>
@@ -21,17 +23,17 @@ using namespace Qt::StringLiterals;
 Sidebar::Sidebar(Requests& requests, QWidget* parent)
     : QWidget(parent)
     , m_brandImage(new QLabel)
-    , m_brandName(new TextLabel({.style = Style::brandName}))
+    , m_brandName(new TextLabel({.style = Look::brandName}))
     , m_search(new SearchField({}))
-    , m_maker(new TextLabel({.style = Style::makerName}))
-    , m_makerNote(new TextLabel({.style = Style::makerNote, .color = Style::secondaryText()}))
+    , m_maker(new TextLabel({.style = Look::makerName}))
+    , m_makerNote(new TextLabel({.style = Look::makerNote, .color = Style::secondaryText()}))
 {
     setLayout(vstack(
-        {.spacing = Style::sidebarSpacing,
-            .margins = {Style::sidebarMargin, Style::sidebarTop, Style::sidebarMargin, Style::sidebarBottom}},
+        {.spacing = Look::sidebarSpacing,
+            .margins = {Look::sidebarMargin, Look::sidebarTop, Look::sidebarMargin, Look::sidebarBottom}},
         {brand(), m_search, sectionList(requests), Spacer(), new Divider, maker()}));
-    setMinimumWidth(Style::sidebarMinWidth);
-    setMaximumWidth(Style::sidebarMaxWidth);
+    setMinimumWidth(Look::sidebarMinWidth);
+    setMaximumWidth(Look::sidebarMaxWidth);
 
     // Not only typing edits: assistive technology sets the text as a program does.
     connect(m_search, &QLineEdit::textChanged, this,
@@ -40,15 +42,15 @@ Sidebar::Sidebar(Requests& requests, QWidget* parent)
 
 QLayout* Sidebar::brand()
 {
-    m_brandImage->setFixedSize(Style::brandImage, Style::brandImage);
+    m_brandImage->setFixedSize(Look::brandImage, Look::brandImage);
     m_brandImage->setAlignment(Qt::AlignCenter);
     makeDecorative(*m_brandImage);
-    return hstack({.spacing = Style::brandSpacing}, {m_brandImage, stretched(m_brandName)});
+    return hstack({.spacing = Look::brandSpacing}, {m_brandImage, stretched(m_brandName)});
 }
 
 QLayout* Sidebar::sectionList(Requests& requests)
 {
-    QVBoxLayout* const list = vstack({.spacing = Style::sectionSpacing}, {});
+    QVBoxLayout* const list = vstack({.spacing = Look::sectionSpacing}, {});
     std::ranges::transform(sections(), m_sections.begin(), [&](const Section& section) {
         auto* const button = new SectionButton(section);
         connect(button, &QAbstractButton::clicked, this,
@@ -61,13 +63,10 @@ QLayout* Sidebar::sectionList(Requests& requests)
 
 QLayout* Sidebar::maker()
 {
-    return hstack({.spacing = Style::makerSpacing},
+    return hstack({.spacing = Look::makerSpacing},
         {
-            new TextLabel({.style = Style::body,
-                .color = Style::secondaryText(),
-                .symbol = u"person.crop.circle"_s,
-                .symbolSize = Style::makerSymbol}),
-            stretched(vstack({.spacing = Style::makerLineSpacing}, {m_maker, m_makerNote})),
+            new SymbolView(u"person.crop.circle"_s, Look::makerSymbol, Style::secondaryText()),
+            stretched(vstack({.spacing = Look::makerLineSpacing}, {m_maker, m_makerNote})),
         });
 }
 
@@ -90,7 +89,7 @@ void Sidebar::present(const SidebarContent& content)
 
 void Sidebar::presentBrandImage(const Path& file)
 {
-    const QSizeF box(Style::brandImage, Style::brandImage);
+    const QSizeF box(Look::brandImage, Look::brandImage);
     const qreal ratio = devicePixelRatio();
     if (m_brandResource.load(file, int(box.width() * ratio)))
         m_brandImage->setPixmap(QPixmap::fromImage(m_brandResource.fitted(box, ratio)));
@@ -124,7 +123,7 @@ void Sidebar::keyPressEvent(QKeyEvent* event)
 void Sidebar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), Style::sidebar());
+    painter.fillRect(rect(), Look::sidebar());
     const QRect edge(width() - Style::hairline, 0, Style::hairline, height());
-    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), edge), Style::sidebarEdge());
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), edge), Look::sidebarEdge());
 }

@@ -2,6 +2,7 @@
 
 #include "ui/CatalogPageView.h"
 #include "ui/DetailPageView.h"
+#include "ui/Look.h"
 #include "ui/Sidebar.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
@@ -24,8 +25,8 @@ StoreView::StoreView(Store& store, QWidget* parent)
     : QWidget(parent)
     , m_store(store)
     , m_sidebar(new Sidebar(m_requests))
-    , m_title(new TextLabel({.style = Style::windowTitle}))
-    , m_refresh(new SymbolButton(u"arrow.clockwise"_s, Style::refreshSymbol, Style::secondaryText()))
+    , m_title(new TextLabel({.style = Look::windowTitle}))
+    , m_refresh(new SymbolButton(u"arrow.clockwise"_s, Look::refreshSymbol, Style::secondaryText()))
     , m_pages(new QStackedWidget)
     , m_catalog(new CatalogPageView(m_requests))
 {
@@ -43,10 +44,10 @@ StoreView::StoreView(Store& store, QWidget* parent)
     columns->setStretchFactor(1, 1);
     makeDecorative(*columns->handle(1));
     columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    columns->setSizes({Style::sidebarWidth, Style::windowWidth - Style::sidebarWidth});
+    columns->setSizes({Look::sidebarWidth, Look::windowWidth - Look::sidebarWidth});
     setLayout(hstack({}, {stretched(columns)}));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setMinimumSize(Style::windowMinWidth, Style::windowMinHeight);
+    setMinimumSize(Look::windowMinWidth, Look::windowMinHeight);
 
     connect(&m_store, &Store::objectWillChange, this, &StoreView::planRebuild);
     connect(&m_requests, &Requests::sent, this, &StoreView::answer);
@@ -63,7 +64,7 @@ QWidget* StoreView::titleBar()
     auto* const bar = new QWidget;
     bar->setLayout(
         hstack({.margins = {Style::pageMargin, 0, Style::pageMargin, 0}}, {stretched(m_title), m_refresh}));
-    bar->setFixedHeight(Style::titleBarHeight);
+    bar->setFixedHeight(Look::titleBarHeight);
     return bar;
 }
 

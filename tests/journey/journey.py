@@ -103,14 +103,14 @@ def browse():
     screenshot("overview")
     step("the overview lists the four applications, and every button has a name")
 
-    press("Медиа")
+    press("Медиа", "radio button")
     window_title("Медиа")
-    assert see("Медиа", "push button").get_state_set().contains(Atspi.StateType.CHECKED)
+    assert see("Медиа", "radio button").get_state_set().contains(Atspi.StateType.CHECKED)
     step("a section is chosen and exposed as checked")
 
 
 def search():
-    press("Все приложения")
+    press("Все приложения", "radio button")
     field = see("Поиск приложений", "text")
     Atspi.EditableText.set_text_contents(field, "zvan")
     see("Результаты поиска")
@@ -118,7 +118,7 @@ def search():
     screenshot("search")
     Atspi.EditableText.set_text_contents(field, "нет такого")
     see("Ничего не найдено")
-    press("Обзор")
+    press("Обзор", "radio button")
     wait_for("the search is empty", lambda: Atspi.Text.get_character_count(field) == 0)
     step("the search narrows the list and a section empties it")
 
@@ -155,7 +155,7 @@ def install(archive):
 def go_back():
     press("Назад к приложениям")
     window_title("Обзор")
-    press("Загрузки")
+    press("Загрузки", "radio button")
     see("Подробнее о Brisko", "push button")
     step("the saved archive is listed under the downloads")
 

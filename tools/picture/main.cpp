@@ -4,6 +4,7 @@
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixUserFolders.h"
+#include "ui/Look.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -33,7 +34,7 @@ int main(int argc, char* argv[])
         {.bundles = &bundles, .files = &files, .userFolders = &userFolders, .workspace = &workspace});
     Store store;
     StoreWindow window(store);
-    window.resize(Style::windowWidth, Style::windowHeight);
+    window.resize(Look::windowWidth, Look::windowHeight);
     window.show();
     QCoreApplication::processEvents();
 

@@ -1,5 +1,6 @@
 #include "app/window/MenuBar.h"
 
+#include "ui/Look.h"
 #include "ui/kit/Style.h"
 
 #include <QStyleOption>
@@ -9,9 +10,9 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent)
     // A menu bar outside the window would have to be asked for over the bus before the window can be shown.
     setNativeMenuBar(false);
     QPalette colors = palette();
-    colors.setColor(QPalette::Window, Style::menuBar());
+    colors.setColor(QPalette::Window, Look::menuBar());
     setPalette(colors);
-    setFont(Style::font(Style::menu));
+    setFont(Style::font(Look::menu));
     for (const Menu& menu : menus()) {
         QMenu* const shown = addMenu(menu.title);
         for (const MenuItem& item : menu.items) {
@@ -29,5 +30,5 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent)
 void MenuBar::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
 {
     QMenuBar::initStyleOption(option, action);
-    option->font = Style::font(action == actions().constFirst() ? Style::menuName : Style::menu);
+    option->font = Style::font(action == actions().constFirst() ? Look::menuName : Look::menu);
 }

@@ -2,6 +2,7 @@
 
 #include "app/window/MenuBar.h"
 #include "platform/Platform.h"
+#include "ui/Look.h"
 #include "ui/StoreView.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/Style.h"
@@ -46,7 +47,7 @@ StoreWindow::StoreWindow(Store& store, QWidget* parent) : QMainWindow(parent), m
     auto* const menuBar = new MenuBar;
     setMenuBar(menuBar);
     setCentralWidget(m_view);
-    resize(QSize(Style::windowWidth, Style::windowHeight).boundedTo(screen()->availableSize()));
+    resize(QSize(Look::windowWidth, Look::windowHeight).boundedTo(screen()->availableSize()));
     setWindowTitle(m_view->windowTitle());
     m_view->setFocus();
 

@@ -2,6 +2,7 @@
 
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/SymbolButton.h"
+#include "ui/kit/TextLabel.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -9,6 +10,7 @@
 namespace {
 
 constexpr const char* decorative = "decorative";
+constexpr const char* graphic = "graphic";
 
 class DecorativeNode : public QAccessibleWidget {
 public:
@@ -29,7 +31,10 @@ public:
 /// One button, whatever is drawn inside.
 class ButtonNode : public QAccessibleWidget {
 public:
-    explicit ButtonNode(PlainButton* button) : QAccessibleWidget(button, QAccessible::Button) { }
+    explicit ButtonNode(PlainButton* button)
+        : QAccessibleWidget(button, button->isCheckable() ? QAccessible::RadioButton : QAccessible::Button)
+    {
+    }
 
     QString text(QAccessible::Text kind) const override
     {
@@ -72,6 +77,17 @@ private:
     PlainButton& button() const { return *static_cast<PlainButton*>(object()); }
 };
 
+class HeadingNode : public QAccessibleWidget {
+public:
+    explicit HeadingNode(TextLabel* label) : QAccessibleWidget(label, QAccessible::Heading) { }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString own = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && own.isEmpty() ? static_cast<TextLabel*>(object())->text() : own;
+    }
+};
+
 class SheetNode : public QAccessibleWidget {
 public:
     explicit SheetNode(QWidget* sheet) : QAccessibleWidget(sheet, QAccessible::Dialog) { }
@@ -91,6 +107,10 @@ QAccessibleInterface* makeNode(const QString&, QObject* object)
         return nullptr;
     if (widget->property(decorative).toBool())
         return new DecorativeNode(widget);
+    if (widget->property(graphic).toBool())
+        return new QAccessibleWidget(widget, QAccessible::Graphic);
+    if (auto* label = qobject_cast<TextLabel*>(widget); label && label->isHeading())
+        return new HeadingNode(label);
     if (auto* button = qobject_cast<PlainButton*>(widget))
         return new ButtonNode(button);
     if (auto* sheet = qobject_cast<MessageSheet*>(widget))
@@ -103,6 +123,11 @@ QAccessibleInterface* makeNode(const QString&, QObject* object)
 void makeDecorative(QWidget& widget)
 {
     widget.setProperty(decorative, true);
+}
+
+void makeGraphic(QWidget& widget)
+{
+    widget.setProperty(graphic, true);
 }
 
 void installAccessibility()

@@ -17,7 +17,7 @@ PageScroll::PageScroll(QWidget* parent) : QScrollArea(parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
     verticalScrollBar()->setAccessibleName(u"Прокрутка"_s);
-    verticalScrollBar()->setSingleStep(Style::pageSpacing);
+    verticalScrollBar()->setSingleStep(Style::scrollStep);
     connect(qApp, &QApplication::focusChanged, this, &PageScroll::followFocus);
     floatBar();
 }
@@ -28,11 +28,6 @@ void PageScroll::setPage(QLayout* column)
     page->setLayout(column);
     setWidget(page);
     fitPage();
-}
-
-QRect PageScroll::columnRect() const
-{
-    return widget()->layout()->contentsRect();
 }
 
 bool PageScroll::event(QEvent* event)

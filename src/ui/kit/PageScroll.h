@@ -16,9 +16,6 @@ public:
     /// Replaces nothing: call once.
     void setPage(QLayout* column);
 
-    /// The rectangle that the column's content has, in the coordinates of widget().
-    QRect columnRect() const;
-
 protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

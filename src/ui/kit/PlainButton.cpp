@@ -10,11 +10,13 @@
 #include <QLayout>
 #include <QPainter>
 
+#include <utility>
+
 PlainButton::PlainButton(QWidget* parent) : QAbstractButton(parent)
 {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
-    setContentsMargins(Style::bleedX, Style::bleedY, Style::bleedX, Style::bleedY);
+    setContentsMargins(Style::bleed, Style::bleed, Style::bleed, Style::bleed);
 }
 
 void PlainButton::setContent(QLayout* content)
@@ -46,6 +48,13 @@ bool PlainButton::showsFocus() const
 
 bool PlainButton::event(QEvent* event)
 {
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove
+        || event->type() == QEvent::HoverLeave) {
+        const auto& hover = static_cast<QHoverEvent&>(*event);
+        const bool inside = event->type() != QEvent::HoverLeave && hitButton(hover.position().toPoint());
+        if (std::exchange(m_hovered, inside) != inside)
+            update();
+    }
     if (event->type() != QEvent::ToolTip)
         return QAbstractButton::event(event);
 
@@ -77,6 +86,31 @@ void PlainButton::focusInEvent(QFocusEvent* event)
     QAbstractButton::focusInEvent(event);
 }
 
+void PlainButton::hideEvent(QHideEvent* event)
+{
+    m_wasPressed = false;
+    QAbstractButton::hideEvent(event);
+}
+
+void PlainButton::leaveEvent(QEvent* event)
+{
+    m_wasPressed = false;
+    QAbstractButton::leaveEvent(event);
+}
+
+void PlainButton::mousePressEvent(QMouseEvent* event)
+{
+    m_wasPressed = true;
+    QAbstractButton::mousePressEvent(event);
+}
+
+// What the first press of a double click brings up under the mouse is not meant by the second.
+void PlainButton::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (m_wasPressed)
+        QAbstractButton::mouseDoubleClickEvent(event);
+}
+
 void PlainButton::keyPressEvent(QKeyEvent* event)
 {
     m_keyboardFocus = true;
@@ -98,22 +132,45 @@ void PlainButton::keyPressEvent(QKeyEvent* event)
     }
 }
 
+ButtonShape PlainButton::shape() const
+{
+    const qreal ring = Style::focusRing;
+    return {QRectF(rect()).adjusted(ring, ring, -ring, -ring), Style::plainCorner};
+}
+
+bool PlainButton::hitButton(const QPoint& place) const
+{
+    const auto [rect, corner, gap] = shape();
+    return continuousRect(rect, corner).contains(QPointF(place) + QPointF(0.5, 0.5));
+}
+
+bool PlainButton::isHovered() const
+{
+    return m_hovered && isEnabled();
+}
+
 void PlainButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal inset = Style::focusRing;
-    const QRectF halo = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-    if (isEnabled() && (isDown() || underMouse()))
-        painter.fillPath(
-            continuousRect(halo, Style::plainCorner), isDown() ? Style::pressed() : Style::hover());
-    if (showsFocus())
-        drawFocusRing(painter, halo, Style::plainCorner);
+    drawState(painter);
 }
 
-void PlainButton::drawFocusRing(QPainter& painter, const QRectF& around, qreal corner) const
+void PlainButton::drawState(QPainter& painter) const
 {
-    const qreal half = qreal(Style::focusRing) / 2;
-    const QRectF ring = around.adjusted(-half, -half, half, half);
-    painter.strokePath(continuousRect(ring, corner + half), QPen(Style::accent(), Style::focusRing));
+    const auto [rect, corner, gap] = shape();
+    if (isDown() || isHovered())
+        painter.fillPath(continuousRect(rect, corner), isDown() ? Style::pressed() : Style::hover());
+    drawFocusRing(painter);
+}
+
+void PlainButton::drawFocusRing(QPainter& painter) const
+{
+    if (!showsFocus())
+        return;
+    const auto [rect, corner, gap] = shape();
+    const qreal middle = gap + qreal(Style::focusRing) / 2;
+    const QPainterPath ring =
+        continuousRect(rect.adjusted(-middle, -middle, middle, middle), corner + middle);
+    painter.strokePath(ring, QPen(Style::accent(), Style::focusRing));
 }

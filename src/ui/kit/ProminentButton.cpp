@@ -20,19 +20,20 @@ QSize ProminentButton::contentSize() const
     return {fontMetrics().horizontalAdvance(text()) + 2 * Style::buttonMargin, Style::buttonHeight};
 }
 
+ButtonShape ProminentButton::shape() const
+{
+    return {contentsRect(), Style::buttonCorner, Style::focusGap};
+}
+
 void ProminentButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF shape = contentsRect();
-    QColor fill = isDown() ? Style::accentPressed() : underMouse() ? Style::accentHovered() : Style::accent();
+    QColor fill = isDown() ? Style::accentPressed() : isHovered() ? Style::accentHovered() : Style::accent();
     if (!isEnabled())
         fill = Style::disabledText();
-    painter.fillPath(continuousRect(shape, Style::buttonCorner), fill);
-    if (showsFocus()) {
-        const qreal gap = Style::focusGap;
-        drawFocusRing(painter, shape.adjusted(-gap, -gap, gap, gap), Style::buttonCorner + gap);
-    }
+    painter.fillPath(continuousRect(contentsRect(), Style::buttonCorner), fill);
+    drawFocusRing(painter);
     painter.setPen(Style::white());
-    painter.drawText(shape, Qt::AlignCenter | Qt::TextSingleLine, text());
+    painter.drawText(contentsRect(), Qt::AlignCenter | Qt::TextSingleLine, text());
 }

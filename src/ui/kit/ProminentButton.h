@@ -11,5 +11,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    ButtonShape shape() const override;
     QSize contentSize() const override;
 };

@@ -1,12 +1,9 @@
 #include "ui/kit/SelectableText.h"
 
-#include "ui/kit/TextLines.h"
-
 #include <QFontMetrics>
 #include <QStyle>
 #include <QTextBlockFormat>
 #include <QTextCursor>
-#include <QTextLayout>
 #include <QWheelEvent>
 
 namespace {
@@ -17,7 +14,7 @@ constexpr int caretWidth = 1;
 
 SelectableText::SelectableText(
     const Style::TextStyle& style, const QColor& color, Style::Length extra, QWidget* parent)
-    : QTextEdit(parent), m_extra(extra)
+    : QTextEdit(parent), m_extra(extra), m_laid(Style::font(style), extra)
 {
     setFrameStyle(QFrame::NoFrame);
     setFont(Style::font(style));
@@ -44,6 +41,7 @@ void SelectableText::present(const QString& text)
         return;
     m_presented = text;
     setPlainText(text);
+    m_laid.setText(text);
     QTextBlockFormat lines;
     lines.setLineHeight(m_extra, QTextBlockFormat::LineDistanceHeight);
     lines.setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute);
@@ -55,9 +53,7 @@ void SelectableText::present(const QString& text)
 
 QSize SelectableText::sizeHint() const
 {
-    QTextLayout layout(withLineSeparators(m_presented), font());
-    breakLines(layout, QWIDGETSIZE_MAX, 0, 0);
-    const int width = qMin(qCeil(layout.maximumWidth()) + caretWidth, maximumWidth());
+    const int width = qMin(m_laid.naturalSize().width() + caretWidth, maximumWidth());
     return {width, heightForWidth(width)};
 }
 
@@ -73,8 +69,7 @@ bool SelectableText::hasHeightForWidth() const
 
 int SelectableText::heightForWidth(int width) const
 {
-    const int count = countLines(m_presented, font(), qMax(1, qMin(width, maximumWidth())));
-    return count * fontMetrics().height() + (count - 1) * m_extra;
+    return m_laid.heightForWidth(qMin(width, maximumWidth()));
 }
 
 void SelectableText::wheelEvent(QWheelEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/kit/LaidText.h"
 #include "ui/kit/Style.h"
 
 #include <QTextEdit>
@@ -27,4 +28,6 @@ protected:
 private:
     int m_extra;
     QString m_presented;
+    /// Measures what the document shows.
+    LaidText m_laid;
 };

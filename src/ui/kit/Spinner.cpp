@@ -18,11 +18,6 @@ Spinner::Spinner(QWidget* parent) : QWidget(parent)
     makeDecorative(*this);
 }
 
-bool Spinner::isTurning() const
-{
-    return m_timer.isActive();
-}
-
 QSize Spinner::sizeHint() const
 {
     return {Style::spinner, Style::spinner};

@@ -11,7 +11,6 @@ class Spinner : public QWidget {
 public:
     explicit Spinner(QWidget* parent = nullptr);
 
-    bool isTurning() const;
     QSize sizeHint() const override;
 
 protected:

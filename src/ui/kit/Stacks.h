@@ -19,7 +19,9 @@ struct Gap {
     int size;
 };
 
-/// What stands in a stack. Buttons bleed (see BleedItem); any other widget does where `bleeding` says so.
+/// What stands in a stack. A widget that bleeds is placed by what lies inside its contents margins, which
+/// reach over the neighbouring space, so that a ring or a halo moves nothing. Buttons bleed; any other widget
+/// does where `bleeding` says so.
 struct StackItem {
     StackItem(QWidget* widget) : content(widget) { }
     StackItem(QLayout* layout) : content(layout) { }
@@ -33,7 +35,6 @@ struct StackItem {
 
 /// Takes a share of the room that is left.
 StackItem stretched(StackItem item, int share = 1);
-/// Placed by what lies inside its contents margins.
 StackItem bleeding(QWidget* widget);
 
 struct StackLook {

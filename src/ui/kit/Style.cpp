@@ -15,23 +15,6 @@ namespace {
 
 constexpr qreal dotsPerInch = 96;
 
-QColor whiteOf(int percent)
-{
-    return QColor::fromRgbF(1, 1, 1, static_cast<float>(percent) / 100);
-}
-
-QColor blackOf(int percent)
-{
-    return QColor::fromRgbF(0, 0, 0, static_cast<float>(percent) / 100);
-}
-
-QColor accentOf(int percent)
-{
-    QColor color = Style::accent();
-    color.setAlphaF(static_cast<float>(percent) / 100);
-    return color;
-}
-
 QFont::Weight weightOf(Style::Weight weight)
 {
     switch (weight) {
@@ -57,38 +40,36 @@ bool isUnspecific(const QString& family)
 
 namespace Style {
 
+QColor translucent(QColor color, int percent)
+{
+    color.setAlphaF(static_cast<float>(percent) / 100);
+    return color;
+}
+
 // A table, one colour a line.
 // clang-format off
 QColor windowBackground() { return QColor(0x1E, 0x1E, 0x20); }
-QColor sidebar() { return QColor(0x29, 0x29, 0x2C); }
-QColor sidebarEdge() { return QColor(0x16, 0x16, 0x18); }
-QColor menuBar() { return QColor(0x2A, 0x2A, 0x2D); }
 QColor dialog() { return QColor(0x32, 0x32, 0x36); }
-QColor dimming() { return blackOf(36); }
-QColor sheetShade() { return blackOf(3); }
+QColor dimming() { return translucent(Qt::black, 36); }
+QColor sheetShade() { return translucent(Qt::black, 3); }
 
-QColor primaryText() { return whiteOf(92); }
-QColor secondaryText() { return whiteOf(55); }
+QColor primaryText() { return translucent(Qt::white, 92); }
+QColor secondaryText() { return translucent(Qt::white, 55); }
 QColor white() { return QColor(Qt::white); }
-QColor cardText() { return whiteOf(80); }
-QColor disabledText() { return whiteOf(30); }
+QColor disabledText() { return translucent(Qt::white, 30); }
 
 QColor accent() { return QColor(0xFF, 0x45, 0x3A); }
 QColor accentHovered() { return QColor(0xFF, 0x5A, 0x50); }
 QColor accentPressed() { return QColor(0xD6, 0x38, 0x2F); }
-QColor selection() { return accentOf(19); }
 QColor textSelection() { return QColor(0x8C, 0x2E, 0x29); }
-QColor divider() { return whiteOf(10); }
-QColor fieldFill() { return whiteOf(6); }
-QColor fieldBorder() { return whiteOf(14); }
-QColor hover() { return whiteOf(6); }
-QColor pressed() { return whiteOf(11); }
-QColor scrollThumb() { return whiteOf(22); }
-QColor scrollThumbHovered() { return whiteOf(38); }
+QColor divider() { return translucent(Qt::white, 10); }
+QColor fieldFill() { return translucent(Qt::white, 6); }
+QColor fieldBorder() { return translucent(Qt::white, 14); }
+QColor hover() { return translucent(Qt::white, 6); }
+QColor pressed() { return translucent(Qt::white, 11); }
+QColor scrollThumb() { return translucent(Qt::white, 22); }
+QColor scrollThumbHovered() { return translucent(Qt::white, 38); }
 
-QColor cardStart() { return QColor::fromRgbF(0.3f, 0.055f, 0.06f); }
-QColor cardEnd() { return QColor::fromRgbF(0.1f, 0.045f, 0.055f); }
-QColor shadow() { return blackOf(30); }
 // clang-format on
 
 qreal scale()
@@ -119,7 +100,7 @@ QPalette palette()
              std::pair{QPalette::Window, windowBackground()},
              {QPalette::WindowText, primaryText()},
              {QPalette::Base, windowBackground()},
-             {QPalette::AlternateBase, sidebar()},
+             {QPalette::AlternateBase, QColor(0x29, 0x29, 0x2C)},
              {QPalette::Text, primaryText()},
              {QPalette::PlaceholderText, secondaryText()},
              {QPalette::Button, dialog()},

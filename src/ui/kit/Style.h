@@ -9,13 +9,13 @@
 class QApplication;
 class QPalette;
 
-/// How the program looks: every colour here, every font in TextStyles.h, every length in Lengths.h.
+/// How the kit's widgets look: every colour here, every font in TextStyles.h, every length in Lengths.h.
 namespace Style {
 
+/// `percent` of the colour's opacity.
+QColor translucent(QColor color, int percent);
+
 QColor windowBackground();
-QColor sidebar();
-QColor sidebarEdge();
-QColor menuBar();
 QColor dialog();
 /// Lies over the whole window while a sheet is shown.
 QColor dimming();
@@ -26,15 +26,11 @@ QColor primaryText();
 /// At least 4.5:1 on every background above.
 QColor secondaryText();
 QColor white();
-/// White as the featured card's smaller text wears it.
-QColor cardText();
 QColor disabledText();
 
 QColor accent();
 QColor accentHovered();
 QColor accentPressed();
-/// The chosen section.
-QColor selection();
 /// Selected characters in a text.
 QColor textSelection();
 QColor divider();
@@ -45,9 +41,11 @@ QColor pressed();
 QColor scrollThumb();
 QColor scrollThumbHovered();
 
-QColor cardStart();
-QColor cardEnd();
-QColor shadow();
+/// The square of a symbol beside a text of that style.
+constexpr Length symbolFor(const TextStyle& style)
+{
+    return {style.size * symbolPerFont};
+}
 
 /// Matching a font costs milliseconds once per family and weight; nothing is matched before the font is used.
 QFont font(const TextStyle& style);

@@ -8,7 +8,6 @@
 SymbolButton::SymbolButton(const QString& symbol, Style::Length size, const QColor& color, QWidget* parent)
     : PlainButton(parent), m_symbol(symbol), m_size(size), m_color(color)
 {
-    setContentsMargins(Style::bleedY, Style::bleedY, Style::bleedY, Style::bleedY);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

@@ -1,12 +1,19 @@
 #pragma once
 
+#include "ui/kit/LaidText.h"
 #include "ui/kit/Style.h"
 
 #include <QLabel>
 
-/// One cuts a text that is too long with an ellipsis, and a tooltip shows it whole; Wrapped takes the lines
-/// it needs and breaks where the text does.
-enum class Lines { One, Wrapped };
+enum class Lines {
+    /// One line, line breaks shown as spaces; a text that is too long is cut with an ellipsis, and a tooltip
+    /// shows it whole.
+    One,
+    /// One line that is never narrower than its text.
+    Whole,
+    /// The lines it needs, broken where the text does and where the width makes it.
+    Wrapped,
+};
 
 struct TextLook {
     Style::TextStyle style = Style::body;
@@ -14,29 +21,26 @@ struct TextLook {
     Lines lines = Lines::One;
     /// Between neighbouring lines, beyond the font's own distance.
     Style::Length extra{0};
-    /// 0: any width.
-    Style::Length maxWidth{0};
-    /// The name of a drawing before the text, in the text's colour.
-    QString symbol = {};
-    /// 0: the size that suits the font.
-    Style::Length symbolSize{0};
-    Style::Length symbolGap = Style::symbolGap;
     /// Leading, centred or trailing where the label is wider than its text.
     Qt::Alignment align = Qt::AlignLeft;
+    /// Assistive technology lists it among the headings of the page.
+    bool heading = false;
 };
 
-/// A text exactly as typed: no markup, no mnemonics. A symbol made without a text is decorative.
+/// A text exactly as typed: no markup, no mnemonics.
 class TextLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit TextLabel(TextLook look, const QString& text = {}, QWidget* parent = nullptr);
+    explicit TextLabel(const TextLook& look, const QString& text = {}, QWidget* parent = nullptr);
 
+    /// Hides QLabel's, which would not measure anew.
+    void setText(const QString& text);
     void setColor(const QColor& color);
 
-    /// From the top of the label at its natural height to the baseline of its first line.
-    int firstBaseline() const;
+    bool isHeading() const { return m_look.heading; }
     bool isCut() const;
+    int lineHeight() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -48,15 +52,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int lineHeight() const;
-    int symbolSize() const;
-    /// The room that the symbol takes before the text.
-    int indentOfText() const;
-    int heightOf(int lineCount) const;
-    QSize natural() const;
-    void paintText(QPainter& painter, const QRectF& place) const;
-
     TextLook m_look;
-    mutable QString m_measuredText;
-    mutable QSize m_natural;
+    LaidText m_laid;
 };

@@ -1,9 +1,7 @@
 #include "ui/kit/Divider.h"
-#include "ui/kit/LabelButton.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/ProminentButton.h"
 #include "ui/kit/SearchField.h"
-#include "ui/kit/Spinner.h"
 #include "ui/kit/Stacks.h"
 #include "ui/kit/SymbolButton.h"
 
@@ -23,7 +21,7 @@ namespace {
 std::unique_ptr<SymbolButton> downloadButton(QWidget* parent = nullptr)
 {
     return std::make_unique<SymbolButton>(
-        u"arrow.down.circle"_s, Style::actionSymbol, Style::white(), parent);
+        u"arrow.down.circle"_s, Style::spinner, Style::white(), parent);
 }
 
 } // namespace
@@ -61,22 +59,4 @@ TEST(SymbolButton, WhileBusyItIsDisabledAndItsFocusComesBackAfterwards)
     button->present(SymbolButton::Activity::Ready);
     EXPECT_TRUE(button->isEnabled());
     EXPECT_EQ(window.focusWidget(), button.get());
-}
-
-TEST(Spinner, TurnsOnlyWhileItIsShown)
-{
-    QWidget window;
-    const auto button = downloadButton(&window);
-    button->present(SymbolButton::Activity::Busy);
-    const auto* spinner = button->findChild<Spinner*>();
-    ASSERT_TRUE(spinner);
-    EXPECT_FALSE(spinner->isTurning());
-
-    window.show();
-    EXPECT_TRUE(spinner->isTurning());
-    window.hide();
-    EXPECT_FALSE(spinner->isTurning());
-    window.show();
-    button->present(SymbolButton::Activity::Ready);
-    EXPECT_FALSE(spinner->isTurning());
 }

@@ -49,26 +49,10 @@ TEST(TextLabel, ATextThatIsCutIsWholeInItsTooltipAndExactlyAsTyped)
     }
 }
 
-TEST(TextLabel, OnlyNeighbouringLinesStandTheExtraDistanceApart)
-{
-    for (const int extra : {0, 5, 6}) {
-        SCOPED_TRACE(extra);
-        const TextLook look{.lines = Lines::Wrapped, .extra = {qreal(extra)}, .maxWidth = {100}};
-        const TextLabel label(look, u"один\nдва\nтри"_s);
-        const TextLabel wrapped(look, u"слово "_s.repeated(40));
-        const int line = label.fontMetrics().height();
-
-        EXPECT_EQ(label.heightForWidth(90), 3 * line + 2 * extra);
-        EXPECT_EQ((wrapped.heightForWidth(100) + extra) % (line + extra), 0);
-        EXPECT_EQ(wrapped.heightForWidth(1000), wrapped.heightForWidth(100));
-        EXPECT_EQ(wrapped.sizeHint(), QSize(100, wrapped.heightForWidth(100)));
-    }
-}
-
 TEST(SelectableText, IsAsHighAsItsLinesWithoutExtraAfterTheLast)
 {
     constexpr int extra = 6;
-    SelectableText text(Style::description, Style::secondaryText(), {extra});
+    SelectableText text(Style::body, Style::secondaryText(), {extra});
     text.present(u"Слова стоят в строках. "_s.repeated(20) + u"\nНовый абзац\n"_s);
     for (const int width : {150, 333, 740}) {
         SCOPED_TRACE(width);

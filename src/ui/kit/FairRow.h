@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QLayout>
+
+#include <memory>
+#include <vector>
+
+/// Children beside each other at the leading edge, each as wide as it likes to be. Where the room is too
+/// little, the widest give way first, so that short texts stay whole as long as they can; whatever wraps
+/// takes the lines that it needs. The row is never wider than its room. Hidden children take neither room nor
+/// spacing.
+class FairRow : public QLayout {
+    Q_OBJECT
+
+public:
+    /// `vertical` is where children stand that are lower than the row.
+    explicit FairRow(int spacing, Qt::Alignment vertical = Qt::AlignTop, QWidget* parent = nullptr);
+
+    /// At the end of the row.
+    void append(QWidget* widget);
+    void append(QLayout* layout);
+
+    void addItem(QLayoutItem* item) override;
+    int count() const override;
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+    void setGeometry(const QRect& rect) override;
+
+private:
+    struct Place {
+        QLayoutItem* item;
+        int width;
+        int height;
+    };
+
+    std::vector<Place> placesIn(int room) const;
+
+    std::vector<std::unique_ptr<QLayoutItem>> m_items;
+    Qt::Alignment m_vertical;
+};
