@@ -5,7 +5,7 @@
 
 #include <QStyleOption>
 
-MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent)
+MenuBar::MenuBar(std::function<bool(Command)> isAvailable, QWidget* parent) : QMenuBar(parent)
 {
     // A menu bar outside the window would have to be asked for over the bus before the window can be shown.
     setNativeMenuBar(false);
@@ -22,6 +22,10 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent)
             action->setShortcut(item.shortcut);
             connect(action, &QAction::triggered, this,
                 [this, command = item.command] { Q_EMIT chosen(command); });
+            connect(shown, &QMenu::aboutToShow, action,
+                [action, isAvailable, command = item.command] { action->setEnabled(isAvailable(command)); });
+            // Unavailable is what the menu shows; a shortcut asks the text itself.
+            connect(shown, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
         }
     }
 }

@@ -4,12 +4,15 @@
 
 #include <QMenuBar>
 
+#include <functional>
+
 /// The window's menu bar, built from menus().
 class MenuBar : public QMenuBar {
     Q_OBJECT
 
 public:
-    explicit MenuBar(QWidget* parent = nullptr);
+    /// `isAvailable` answers whether a command would do anything; it is asked whenever a menu opens.
+    explicit MenuBar(std::function<bool(Command)> isAvailable, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     void chosen(Command command);

@@ -23,7 +23,7 @@ std::vector<Menu> menus()
                 {Command::Copy, u"Копировать"_s, QKeySequence::Copy},
                 {Command::Paste, u"Вставить"_s, QKeySequence::Paste},
                 {Command::Delete, u"Удалить"_s, {}},
-                {Command::SelectAll, u"Выбрать всё"_s, QKeySequence::SelectAll},
+                {Command::SelectAll, u"Выделить всё"_s, QKeySequence::SelectAll},
                 {Command::Find, u"Найти приложение"_s, QKeySequence::Find, true},
             }},
         {u"Вид"_s,

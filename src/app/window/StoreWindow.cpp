@@ -1,5 +1,6 @@
 #include "app/window/StoreWindow.h"
 
+#include "app/window/Editing.h"
 #include "app/window/MenuBar.h"
 #include "platform/Platform.h"
 #include "ui/Look.h"
@@ -8,53 +9,44 @@
 #include "ui/kit/Style.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QScreen>
 #include <QShortcut>
-#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Hands an editing command to the text that has the focus; any other widget has no use for it.
-void edit(Command command)
-{
-    QWidget* const focused = QApplication::focusWidget();
-    auto* const line = qobject_cast<QLineEdit*>(focused);
-    if (line && command == Command::Delete) {
-        line->del();
-        return;
-    }
-    if (!line && !qobject_cast<QTextEdit*>(focused))
-        return;
-    static const std::map<Command, const char*> slotNames = {
-        {Command::Undo, "undo"},
-        {Command::Redo, "redo"},
-        {Command::Cut, "cut"},
-        {Command::Copy, "copy"},
-        {Command::Paste, "paste"},
-        {Command::SelectAll, "selectAll"},
-    };
-    if (const auto found = slotNames.find(command); found != slotNames.end())
-        QMetaObject::invokeMethod(focused, found->second);
-}
+/// Room for what a window manager draws around a window.
+constexpr QSize frame(16, 48);
 
 } // namespace
 
 StoreWindow::StoreWindow(Store& store, QWidget* parent) : QMainWindow(parent), m_view(new StoreView(store))
 {
-    auto* const menuBar = new MenuBar;
+    auto* const menuBar = new MenuBar([this](Command command) { return isAvailable(command); });
     setMenuBar(menuBar);
     setCentralWidget(m_view);
-    resize(QSize(Look::windowWidth, Look::windowHeight).boundedTo(screen()->availableSize()));
+    const QSize available = screen()->availableSize() - frame;
+    resize(QSize(Look::windowWidth, Look::windowHeight).boundedTo(available));
+    m_view->setMinimumSize(
+        m_view->minimumSize().boundedTo(available - QSize(0, menuBar->sizeHint().height())));
     setWindowTitle(m_view->windowTitle());
     m_view->setFocus();
 
     connect(m_view, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     connect(menuBar, &MenuBar::chosen, this, &StoreWindow::run);
+    connect(qApp, &QApplication::focusChanged, this, [this, menuBar](QWidget*, QWidget* now) {
+        // Opened by the keyboard, the menu bar has the focus itself until its command is done.
+        if (now && now != menuBar)
+            m_edited = now;
+    });
     connect(
         new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, &StoreWindow::refresh);
+}
+
+bool StoreWindow::isAvailable(Command command) const
+{
+    return command < Command::Undo || command > Command::SelectAll || canEdit(m_edited, command);
 }
 
 void StoreWindow::raiseToFront()
@@ -92,7 +84,7 @@ void StoreWindow::run(Command command)
     case Command::Zoom:
         return setWindowState(windowState() ^ Qt::WindowMaximized);
     default:
-        return edit(command);
+        return edit(m_edited, command);
     }
 }
 

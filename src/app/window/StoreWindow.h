@@ -4,6 +4,7 @@
 #include "store/Store.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class MessageSheet;
 class StoreView;
@@ -21,9 +22,12 @@ public:
     void refresh();
 
 private:
+    bool isAvailable(Command command) const;
     void run(Command command);
     void showAbout();
 
     StoreView* m_view;
     MessageSheet* m_about = nullptr;
+    /// What the editing commands mean.
+    QPointer<QWidget> m_edited;
 };
