@@ -61,6 +61,8 @@ void FakePlatform::FakeWorkspace::openApplication(const Path& place, std::functi
 std::optional<Path> FakePlatform::FakeSavePanel::runModal(const SavePanelSetup& setup)
 {
     shown.push_back(setup);
+    if (whileOpen)
+        whileOpen();
     return answer;
 }
 

@@ -62,6 +62,8 @@ public:
         std::optional<Path> runModal(const SavePanelSetup& setup) override;
 
         std::optional<Path> answer;
+        /// What happens in its event loop.
+        std::function<void()> whileOpen;
         std::vector<SavePanelSetup> shown;
     };
 

@@ -53,6 +53,7 @@ TEST_F(LayoutTest, HoldsWhateverTheTextsTheSizeAndTheDirection)
     lengthy.subtitle = u"Очень длинное описание "_s.repeated(20);
     lengthy.headline = lengthy.subtitle;
     lengthy.version = u"2.4-beta.17+build.20261122"_s.repeated(3);
+    lengthy.minimum = u"13.0.1 (начиная с осеннего обновления)"_s;
     lengthy.category = u"A&B <b>x</b> "_s.repeated(10);
     lengthy.features = QStringList(10, u"Одна из десяти возможностей"_s);
     StoreApp empty = kadrilo;
