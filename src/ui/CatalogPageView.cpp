@@ -16,12 +16,12 @@ using namespace Qt::StringLiterals;
 
 CatalogPageView::CatalogPageView(Requests& requests, QWidget* parent)
     : PageScroll(parent)
-    , m_title(new TextLabel({.style = Look::pageTitle, .lines = Lines::Wrapped}))
+    , m_title(new TextLabel({.style = Look::pageTitle, .lines = Lines::Wrapped, .heading = true}))
     , m_subtitle(new TextLabel(
           {.style = Look::pageSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_featured(new FeaturedCardView(requests))
     , m_empty(new EmptyStateView)
-    , m_listTitle(new TextLabel({.style = Look::collectionTitle, .lines = Lines::Wrapped}))
+    , m_listTitle(new TextLabel({.style = Look::collectionTitle, .lines = Lines::Wrapped, .heading = true}))
     , m_rows(new AppRowList(requests))
     , m_footer(new QWidget)
     , m_footerText(new TextLabel(

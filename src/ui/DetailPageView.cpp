@@ -6,6 +6,7 @@
 #include "ui/ScreenshotView.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
+#include "ui/kit/FairRow.h"
 #include "ui/kit/PlainButton.h"
 #include "ui/kit/SelectableText.h"
 #include "ui/kit/Stacks.h"
@@ -19,17 +20,19 @@ using namespace Qt::StringLiterals;
 DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
     : PageScroll(parent)
     , m_back(new PlainButton)
+    , m_backText(new TextLabel({.color = Style::secondaryText()}))
     , m_icon(new AppIcon(Look::detailIcon))
-    , m_name(new TextLabel({.style = Look::detailName, .lines = Lines::Wrapped}))
+    , m_name(new TextLabel({.style = Look::detailName, .lines = Lines::Wrapped, .heading = true}))
     , m_subtitle(new TextLabel(
           {.style = Look::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_author(new TextLabel({.style = Look::detailAuthor, .color = Style::secondaryText()}))
     , m_actions(new ActionButtons(requests))
-    , m_headline(new TextLabel({.style = Look::headline, .lines = Lines::Wrapped}))
+    , m_headline(new TextLabel({.style = Look::headline, .lines = Lines::Wrapped, .heading = true}))
     , m_description(new SelectableText(Look::description, Style::secondaryText(), Look::descriptionExtra))
-    , m_featureRow(hstack({.spacing = Look::featureSpacing}, {Spacer()}))
+    , m_featureRow(new FairRow(Look::featureSpacing, Qt::AlignVCenter))
     , m_screenshot(new ScreenshotView)
-    , m_installTitle(new TextLabel({.style = Look::instructionTitle, .lines = Lines::Wrapped}))
+    , m_installTitle(
+          new TextLabel({.style = Look::instructionTitle, .lines = Lines::Wrapped, .heading = true}))
     , m_installText(new TextLabel({.style = Look::instruction,
           .color = Style::secondaryText(),
           .lines = Lines::Wrapped,
@@ -37,10 +40,12 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
     , m_signingNote(new TextLabel(
           {.style = Look::signingNote, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
 {
-    m_back->setText(u"Назад к приложениям"_s);
     m_back->setContent(
         symbolBefore(new SymbolView(u"chevron.left"_s, Style::symbolFor(Style::body), Style::secondaryText()),
-            new TextLabel({.color = Style::secondaryText()}, m_back->text())));
+            m_backText));
+    // Widgets are read in the order of their making: those of the features are made later, inside this one.
+    auto* const features = new QWidget;
+    features->setLayout(m_featureRow);
     m_description->setMaximumWidth(Look::descriptionMaxWidth);
     setPage(vstack({.spacing = Look::pageSpacing},
         {
@@ -51,7 +56,7 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
             new Divider,
             m_headline,
             m_description,
-            m_featureRow,
+            features,
             m_screenshot,
             vstack({.margins = {0, Look::instructionTop, 0, 0}}, {m_installTitle}),
             m_installText,
@@ -79,21 +84,22 @@ QLayout* DetailPageView::header()
 
 QLayout* DetailPageView::facts()
 {
-    QBoxLayout* const row = hstack({.spacing = Look::factSpacing, .align = Qt::AlignTop}, {});
+    auto* const row = new FairRow(Look::factSpacing);
     for (FactLabels& labels : m_facts) {
-        labels.caption = new TextLabel({.style = Look::factCaption, .color = Style::secondaryText()});
-        labels.value = new TextLabel({.style = Look::factValue});
+        labels.caption = new TextLabel(
+            {.style = Look::factCaption, .color = Style::secondaryText(), .lines = Lines::Whole});
+        labels.value = new TextLabel({.style = Look::factValue, .lines = Lines::Wrapped});
         // Read with the value, which carries the caption in its name.
         makeDecorative(*labels.caption);
-        append(
-            *row, {vstack({.spacing = Look::factLineSpacing}, {labels.caption, labels.value})}, Qt::AlignTop);
+        row->append(vstack({.spacing = Look::factLineSpacing}, {labels.caption, labels.value}));
     }
-    append(*row, {Spacer()}, Qt::AlignTop);
     return row;
 }
 
 void DetailPageView::present(const DetailPage& page)
 {
+    m_back->setAccessibleName(page.back);
+    m_backText->setText(page.back);
     m_icon->present(page.icon);
     m_name->setText(page.name);
     m_subtitle->setText(page.subtitle);
@@ -119,10 +125,11 @@ void DetailPageView::presentFeatures(const QStringList& features)
 {
     while (qsizetype(m_features.size()) < features.size()) {
         auto* const line = new QWidget;
-        auto* const text = new TextLabel({.style = Look::feature, .color = Style::secondaryText()});
+        auto* const text =
+            new TextLabel({.style = Look::feature, .color = Style::secondaryText(), .lines = Lines::Wrapped});
         line->setLayout(symbolBefore(
             new SymbolView(u"checkmark"_s, Style::symbolFor(Look::feature), Style::secondaryText()), text));
-        m_featureRow->insertWidget(int(m_features.size()), line);
+        m_featureRow->append(line);
         m_features.push_back({line, text});
     }
     for (std::size_t index = 0; index < m_features.size(); ++index) {

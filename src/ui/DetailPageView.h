@@ -6,11 +6,11 @@
 
 class ActionButtons;
 class AppIcon;
+class FairRow;
 class PlainButton;
 class ScreenshotView;
 class SelectableText;
 class TextLabel;
-class QBoxLayout;
 
 /// The page of one entry. Presenting moves nothing but what has changed.
 class DetailPageView : public PageScroll {
@@ -31,16 +31,17 @@ private:
         TextLabel* value = nullptr;
     };
 
-    QLayout* header();
-    QLayout* facts();
-    void presentFeatures(const QStringList& features);
-
     struct Feature {
         QWidget* line = nullptr;
         TextLabel* text = nullptr;
     };
 
+    QLayout* header();
+    QLayout* facts();
+    void presentFeatures(const QStringList& features);
+
     PlainButton* m_back;
+    TextLabel* m_backText;
     AppIcon* m_icon;
     TextLabel* m_name;
     TextLabel* m_subtitle;
@@ -49,7 +50,7 @@ private:
     std::array<FactLabels, 4> m_facts;
     TextLabel* m_headline;
     SelectableText* m_description;
-    QBoxLayout* m_featureRow;
+    FairRow* m_featureRow;
     std::vector<Feature> m_features;
     ScreenshotView* m_screenshot;
     TextLabel* m_installTitle;

@@ -10,7 +10,8 @@
 EmptyStateView::EmptyStateView(QWidget* parent)
     : QWidget(parent)
     , m_symbol(new SymbolView({}, Look::emptySymbol, Style::secondaryText()))
-    , m_title(new TextLabel({.style = Look::emptyTitle, .lines = Lines::Wrapped, .align = Qt::AlignHCenter}))
+    , m_title(new TextLabel(
+          {.style = Look::emptyTitle, .lines = Lines::Wrapped, .align = Qt::AlignHCenter, .heading = true}))
     , m_description(new TextLabel({.style = Look::emptyNote,
           .color = Style::secondaryText(),
           .lines = Lines::Wrapped,

@@ -1,6 +1,7 @@
 #include "ui/ScreenshotView.h"
 
 #include "ui/Look.h"
+#include "ui/kit/Accessibility.h"
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
 
@@ -14,6 +15,7 @@ ScreenshotView::ScreenshotView(QWidget* parent) : QWidget(parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     setMaximumWidth(Look::screenshotMaxWidth);
+    makeGraphic(*this);
     setVisible(false);
 }
 

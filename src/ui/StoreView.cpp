@@ -119,6 +119,9 @@ void StoreView::doWhat(const request::GoBack&)
     if (!m_view.selected)
         return;
     m_view.selected.reset();
+    // Else the page that appears would hand the focus to its first control, and scroll there.
+    if (QWidget* const focused = focusWidget())
+        focused->clearFocus();
     rebuild();
     QWidget* const next = m_opener && m_opener->isVisible() ? m_opener.data() : m_catalog;
     next->setFocus(Qt::OtherFocusReason);

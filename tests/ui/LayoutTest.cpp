@@ -55,8 +55,9 @@ TEST_F(LayoutTest, HoldsWhateverTheTextsTheSizeAndTheDirection)
     lengthy.version = u"2.4-beta.17+build.20261122"_s.repeated(3);
     lengthy.minimum = u"13.0.1 (начиная с осеннего обновления)"_s;
     lengthy.category = u"A&B <b>x</b> "_s.repeated(10);
-    lengthy.features = QStringList(10, u"Одна из десяти возможностей"_s);
+    lengthy.features = QStringList(6, u"Одна из шести возможностей"_s);
     StoreApp empty = kadrilo;
+    platform.files.content.erase(platform.resource("Kadrilo.icns"));
     empty.subtitle = empty.headline = empty.description = empty.version = empty.category = QString();
     empty.features.clear();
 
@@ -70,9 +71,11 @@ TEST_F(LayoutTest, HoldsWhateverTheTextsTheSizeAndTheDirection)
             settle();
             expectNothingOverlaps();
             for (const StoreApp& app : {lengthy, empty}) {
-                press(u"Подробнее о "_s + app.name);
+                view().answer(request::Open{app});
+                settle();
                 expectNothingOverlaps();
-                press(u"Назад к приложениям"_s);
+                view().answer(request::GoBack());
+                settle();
             }
         }
     }

@@ -28,6 +28,13 @@ public:
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 };
 
+/// The focus goes where a press is, so that whoever takes it can give it back.
+void press(PlainButton& button)
+{
+    button.setFocus(Qt::OtherFocusReason);
+    button.click();
+}
+
 /// One button, whatever is drawn inside.
 class ButtonNode : public QAccessibleWidget {
 public:
@@ -63,7 +70,8 @@ public:
     {
         if (name == pressAction())
             // Later: a press may open a panel, and the screen reader waits for the answer of this call.
-            QMetaObject::invokeMethod(&button(), &QAbstractButton::click, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                &button(), [pressed = &button()] { press(*pressed); }, Qt::QueuedConnection);
         else
             QAccessibleWidget::doAction(name);
     }

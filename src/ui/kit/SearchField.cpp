@@ -3,6 +3,7 @@
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 SearchField::SearchField(const QString& placeholder, QWidget* parent) : QLineEdit(parent)
@@ -27,6 +28,15 @@ QSize SearchField::sizeHint() const
 QSize SearchField::minimumSizeHint() const
 {
     return {QLineEdit::minimumSizeHint().width(), Style::fieldHeight};
+}
+
+void SearchField::mousePressEvent(QMouseEvent* event)
+{
+    // The mouse's back button means the page, wherever it is pressed.
+    if (event->button() == Qt::BackButton)
+        event->ignore();
+    else
+        QLineEdit::mousePressEvent(event);
 }
 
 void SearchField::paintEvent(QPaintEvent* event)

@@ -14,5 +14,6 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };

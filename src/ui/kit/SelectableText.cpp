@@ -1,6 +1,7 @@
 #include "ui/kit/SelectableText.h"
 
 #include <QFontMetrics>
+#include <QMouseEvent>
 #include <QStyle>
 #include <QTextBlockFormat>
 #include <QTextCursor>
@@ -70,6 +71,15 @@ bool SelectableText::hasHeightForWidth() const
 int SelectableText::heightForWidth(int width) const
 {
     return m_laid.heightForWidth(qMin(width, maximumWidth()));
+}
+
+void SelectableText::mousePressEvent(QMouseEvent* event)
+{
+    // The mouse's back button means the page, wherever it is pressed.
+    if (event->button() == Qt::BackButton)
+        event->ignore();
+    else
+        QTextEdit::mousePressEvent(event);
 }
 
 void SelectableText::wheelEvent(QWheelEvent* event)

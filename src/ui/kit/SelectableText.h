@@ -23,6 +23,7 @@ public:
     int heightForWidth(int width) const override;
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
