@@ -6,7 +6,10 @@
 #include "platform/Sha256.h"
 #include "platform/Text.h"
 
+#include <atomic>
 #include <cerrno>
+#include <deque>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +19,9 @@ constexpr std::size_t entriesExpected = 4;
 
 /// The edge at which lists show an icon; a bundle whose icon can be shown there has an icon.
 constexpr int iconEdge = 64;
+
+/// From this size on an archive is read in a thread of its own.
+constexpr qint64 largeArchive = qint64{4} << 20;
 
 /// Why the self-test ends before its last entry has passed.
 struct Ending {
@@ -53,38 +59,72 @@ Checked<Catalog> checkedCatalog()
     return std::move(*catalog);
 }
 
-/// The digest of the entry's archive.
-Checked<QString> checkedArchive(const StoreApp& app)
+/// The digest of the entry's archive, unless `isOver` before all of it has been read. Any thread.
+Checked<QString> checkedArchive(const StoreApp& app, const std::atomic<bool>& isOver)
 {
     Sha256 hasher;
     qint64 bytes = 0;
-    const auto read =
-        Platform::current().files->readInBlocks(app.packageURL(), [&](std::span<const std::byte> block) {
-            hasher.update(block);
-            bytes += qint64(block.size());
-        });
-    if (!read)
-        return failed(read.error());
-    const QString digest = hasher.finalize();
-    if (bytes != app.bytes || digest != app.sha256)
+    const auto sink = [&](Files::Bytes block) -> Result<void> {
+        if (isOver)
+            return tl::unexpected(systemFailure(ECANCELED));
+        bytes += qint64(block.size());
+        return hasher.update(block);
+    };
+    const auto digest = Platform::current().files->readInBlocks(app.packageURL(), sink).and_then([&] {
+        return hasher.finalize();
+    });
+    if (!digest)
+        return failed(digest.error());
+    if (bytes != app.bytes || *digest != app.sha256)
         return stopped(u"Invalid resource: "_s + app.name);
-    return digest;
+    return *digest;
 }
 
 bool hasIcon(const StoreApp& app)
 {
     const Platform& platform = Platform::current();
     const auto file = platform.files->read(below(platform.bundles->mainResources(), app.name + ".icns"_L1));
-    return file && decodeImage(file->bytes(), iconEdge);
+    return file && decodeImage(std::as_bytes(std::span(*file)), iconEdge);
 }
+
+/// The checks of all archives, in the order of the catalog. Several large ones are read at the same time; a
+/// small one is read when its turn comes, which takes less than starting a thread. Destroying them ends
+/// those that run.
+class ArchiveChecks {
+public:
+    explicit ArchiveChecks(const Catalog& catalog)
+    {
+        for (const StoreApp& app : catalog) {
+            const auto start =
+                app.bytes < largeArchive ? std::launch::deferred : std::launch::async | std::launch::deferred;
+            m_checks.push_back(std::async(start, [&] { return checkedArchive(app, m_isOver); }));
+        }
+    }
+    ~ArchiveChecks() { m_isOver = true; }
+    ArchiveChecks(const ArchiveChecks&) = delete;
+    ArchiveChecks& operator=(const ArchiveChecks&) = delete;
+
+    /// Waits for the next one.
+    Checked<QString> next()
+    {
+        auto check = std::move(m_checks.front());
+        m_checks.pop_front();
+        return check.get();
+    }
+
+private:
+    std::atomic<bool> m_isOver = false;
+    std::deque<std::future<Checked<QString>>> m_checks;
+};
 
 Checked<void> checkBundle(std::FILE* report)
 {
     const auto catalog = checkedCatalog();
     if (!catalog)
         return tl::unexpected(catalog.error());
+    ArchiveChecks archives(*catalog);
     for (const StoreApp& app : *catalog) {
-        const auto digest = checkedArchive(app);
+        const auto digest = archives.next();
         if (!digest)
             return tl::unexpected(digest.error());
         if (!hasIcon(app))

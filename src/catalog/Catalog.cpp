@@ -161,5 +161,5 @@ Result<Catalog> readCatalog()
 {
     const Platform& platform = Platform::current();
     return platform.files->read(platform.bundles->mainResources() / "catalog.json")
-        .and_then([](const Buffer& json) { return decodeCatalog(json.bytes()); });
+        .and_then([](const QByteArray& json) { return decodeCatalog(std::as_bytes(std::span(json))); });
 }

@@ -1,27 +1,36 @@
 #pragma once
 
-#include "platform/Buffer.h"
 #include "platform/Failure.h"
 #include "platform/Path.h"
 
-#include <functional>
+#include <QByteArray>
 
-/// Reading and writing whole files. Any thread.
+#include <cstddef>
+#include <functional>
+#include <span>
+
+/// Reading and copying whole files. Any thread.
 class Files {
 public:
-    using Sink = std::function<void(std::span<const std::byte>)>;
+    using Bytes = std::span<const std::byte>;
+    /// Takes the next bytes of a file. A failure ends the reading, which then fails with it.
+    using Sink = std::function<Result<void>(Bytes)>;
+    using Verdict = std::function<Result<void>()>;
 
     Files() = default;
     Files(const Files&) = delete;
     Files& operator=(const Files&) = delete;
     virtual ~Files() = default;
 
-    /// The whole file in one buffer.
-    virtual Result<Buffer> read(const Path& file) const = 0;
-    /// Hands the whole file to `sink` in order, through one small buffer. After a failure `sink` may have had
-    /// a part of it.
+    /// The whole file.
+    virtual Result<QByteArray> read(const Path& file) const = 0;
+    /// Hands the whole file to `sink` in order, through one small block of memory. After a failure `sink` may
+    /// have had a part of it.
     virtual Result<void> readInBlocks(const Path& file, const Sink& sink) const = 0;
-    /// Makes `content` the whole content of `file`, flushed to the disk. After a failure the file is what it
-    /// was: its former content, or not there.
-    virtual Result<void> writeAtomically(const Path& file, std::span<const std::byte> content) const = 0;
+    /// Reads `source` once into one block of memory, hands it to `sink` as it arrives, and makes the same
+    /// memory the whole content of `destination`, flushed to the disk, if `verdict` agrees once all has been
+    /// read. After a failure `destination` is what it was: its former content, or not there. A failure of
+    /// reading is told first, then the verdict's, then one of writing.
+    virtual Result<void> copy(
+        const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const = 0;
 };

@@ -6,38 +6,58 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// The library can fail here only for want of memory or of the algorithm itself, and a wrong digest is worse
-// than none.
-void require(bool succeeded)
+template <class T, void (*free)(T*)>
+struct Freeing {
+    void operator()(T* object) const { free(object); }
+};
+
+/// The library's implementation, apart from what the machine configures for everybody: a setting that allows
+/// only certified algorithms, or that the library cannot read, would take SHA-256 away.
+struct Algorithm {
+    std::unique_ptr<OSSL_LIB_CTX, Freeing<OSSL_LIB_CTX, OSSL_LIB_CTX_free>> library{OSSL_LIB_CTX_new()};
+    std::unique_ptr<EVP_MD, Freeing<EVP_MD, EVP_MD_free>> digest{
+        library ? EVP_MD_fetch(library.get(), "SHA256", nullptr) : nullptr};
+};
+
+const EVP_MD* algorithm()
 {
-    if (!succeeded)
-        qFatal("SHA-256 is not available.");
+    static const Algorithm algorithm;
+    return algorithm.digest.get();
+}
+
+tl::unexpected<Failure> unavailable()
+{
+    return tl::unexpected(
+        Failure{u"Sha256"_s, 1, u"Контрольную сумму вычислить не удалось: OpenSSL не работает."_s});
 }
 
 } // namespace
 
 struct Sha256::Context {
-    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> digest{EVP_MD_CTX_new(), &EVP_MD_CTX_free};
+    std::unique_ptr<EVP_MD_CTX, Freeing<EVP_MD_CTX, EVP_MD_CTX_free>> digest{EVP_MD_CTX_new()};
+    bool isReady = digest && algorithm() && EVP_DigestInit_ex2(digest.get(), algorithm(), nullptr);
 };
 
-Sha256::Sha256() : m_context(std::make_unique<Context>())
-{
-    require(m_context->digest && EVP_DigestInit_ex(m_context->digest.get(), EVP_sha256(), nullptr));
-}
+Sha256::Sha256() : m_context(std::make_unique<Context>()) { }
 
 Sha256::~Sha256() = default;
 
-void Sha256::update(std::span<const std::byte> bytes)
+Result<void> Sha256::update(std::span<const std::byte> bytes)
 {
-    require(EVP_DigestUpdate(m_context->digest.get(), bytes.data(), bytes.size()));
+    if (!m_context->isReady || !EVP_DigestUpdate(m_context->digest.get(), bytes.data(), bytes.size()))
+        return unavailable();
+    return {};
 }
 
-QString Sha256::finalize()
+Result<QString> Sha256::finalize()
 {
     std::array<char, 32> digest{};
-    auto* bytes = reinterpret_cast<unsigned char*>(digest.data());
-    require(EVP_DigestFinal_ex(m_context->digest.get(), bytes, nullptr));
+    auto* const bytes = reinterpret_cast<unsigned char*>(digest.data());
+    if (!m_context->isReady || !EVP_DigestFinal_ex(m_context->digest.get(), bytes, nullptr))
+        return unavailable();
     return QString::fromLatin1(QByteArray::fromRawData(digest.data(), digest.size()).toHex());
 }

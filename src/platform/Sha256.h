@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QString>
+#include "platform/Failure.h"
 
 #include <cstddef>
 #include <memory>
 #include <span>
 
-/// SHA-256 (FIPS 180-4) over bytes that arrive in pieces. Any thread, one at a time.
+/// SHA-256 (FIPS 180-4) over bytes that arrive in pieces. Any thread, one at a time. Fails only where the
+/// library that computes it is broken or memory is short.
 class Sha256 {
 public:
     Sha256();
@@ -14,9 +15,9 @@ public:
     Sha256(const Sha256&) = delete;
     Sha256& operator=(const Sha256&) = delete;
 
-    void update(std::span<const std::byte> bytes);
+    Result<void> update(std::span<const std::byte> bytes);
     /// The digest of all bytes so far as 64 lower-case hexadecimal digits. Ends the use of this object.
-    QString finalize();
+    Result<QString> finalize();
 
 private:
     struct Context;

@@ -3,23 +3,7 @@
 #include "platform/Platform.h"
 #include "platform/Sha256.h"
 
-#include <cerrno>
-#include <new>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-Result<void> checkAndWrite(const StoreApp& app, const Buffer& archive, const Path& destination)
-{
-    Sha256 hasher;
-    hasher.update(archive.bytes());
-    if (hasher.finalize() != app.sha256)
-        return tl::unexpected(damagedArchive());
-    return Platform::current().files->writeAtomically(destination, archive.bytes());
-}
-
-} // namespace
 
 Failure damagedArchive()
 {
@@ -28,11 +12,13 @@ Failure damagedArchive()
 
 Result<void> saveArchive(const StoreApp& app, const Path& destination)
 {
-    try {
-        return Platform::current().files->read(app.packageURL()).and_then([&](const Buffer& archive) {
-            return checkAndWrite(app, archive, destination);
-        });
-    } catch (const std::bad_alloc&) {
-        return tl::unexpected(systemFailure(ENOMEM));
-    }
+    Sha256 hasher;
+    const auto verdict = [&]() -> Result<void> {
+        const auto digest = hasher.finalize();
+        if (!digest)
+            return tl::unexpected(digest.error());
+        return *digest == app.sha256 ? Result<void>() : tl::unexpected(damagedArchive());
+    };
+    return Platform::current().files->copy(
+        app.packageURL(), destination, [&](Files::Bytes block) { return hasher.update(block); }, verdict);
 }

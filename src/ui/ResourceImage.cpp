@@ -25,7 +25,8 @@ QImage decoded(std::span<const std::byte> file, int edge)
 bool ResourceImage::load(const Path& file, int edge)
 {
     const auto read = Platform::current().files->read(file);
-    const std::span<const std::byte> bytes = read ? read->bytes() : std::span<const std::byte>();
+    const std::span<const std::byte> bytes =
+        read ? std::as_bytes(std::span(*read)) : std::span<const std::byte>();
     const std::size_t content = qHashBits(bytes.data(), bytes.size(), bytes.size());
     if (std::exchange(m_content, content) == content && std::exchange(m_edge, edge) == edge)
         return false;

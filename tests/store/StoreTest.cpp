@@ -146,8 +146,6 @@ TEST_F(StoreTest, ReportsAFailedSaveAndKeepsTheOldFile)
                  systemFailure(ENOENT).localizedDescription},
              Case{"disk full", [](auto&p, auto&) { p.files.writeErrors[destination] = ENOSPC; },
                  systemFailure(ENOSPC).localizedDescription},
-             Case{"no memory", [](auto&p, auto&) { p.files.outOfMemory = true; },
-                 systemFailure(ENOMEM).localizedDescription},
          }) {
         SCOPED_TRACE(situation);
         FakePlatform machine;

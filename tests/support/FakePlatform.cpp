@@ -1,7 +1,6 @@
 #include "support/FakePlatform.h"
 
 #include <cerrno>
-#include <new>
 
 namespace {
 
@@ -16,29 +15,29 @@ auto lookUp(const Map& map, const Key& key) -> std::optional<typename Map::mappe
 
 } // namespace
 
-Result<Buffer> FakePlatform::FakeFiles::read(const Path& file) const
+Result<QByteArray> FakePlatform::FakeFiles::read(const Path& file) const
 {
-    if (outOfMemory)
-        throw std::bad_alloc();
     if (const auto error = lookUp(readErrors, file))
         return tl::unexpected(systemFailure(*error));
     const auto bytes = lookUp(content, file);
-    if (!bytes)
-        return tl::unexpected(systemFailure(ENOENT));
-    return *Buffer::copyOf(std::as_bytes(std::span(*bytes)));
+    return bytes ? Result<QByteArray>(*bytes) : tl::unexpected(systemFailure(ENOENT));
 }
 
 Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink& sink) const
 {
-    return read(file).map([&](const Buffer& buffer) { sink(buffer.bytes()); });
+    return read(file).and_then(
+        [&](const QByteArray& bytes) { return sink(std::as_bytes(std::span(bytes))); });
 }
 
-Result<void> FakePlatform::FakeFiles::writeAtomically(
-    const Path& file, std::span<const std::byte> bytes) const
+Result<void> FakePlatform::FakeFiles::copy(
+    const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const
 {
-    if (const auto error = lookUp(writeErrors, file))
+    const auto outcome = readInBlocks(source, sink).and_then(verdict);
+    if (!outcome)
+        return outcome;
+    if (const auto error = lookUp(writeErrors, destination))
         return tl::unexpected(systemFailure(*error));
-    content[file] = QByteArray(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
+    content[destination] = content[source];
     return {};
 }
 

@@ -14,16 +14,15 @@ class FakePlatform {
 public:
     class FakeFiles final : public Files {
     public:
-        Result<Buffer> read(const Path& file) const override;
+        Result<QByteArray> read(const Path& file) const override;
         Result<void> readInBlocks(const Path& file, const Sink& sink) const override;
-        Result<void> writeAtomically(const Path& file, std::span<const std::byte> bytes) const override;
+        Result<void> copy(const Path& source, const Path& destination, const Sink& sink,
+            const Verdict& verdict) const override;
 
         mutable std::map<Path, QByteArray> content;
         /// Error numbers that reading or writing these files ends with.
         std::map<Path, int> readErrors;
         std::map<Path, int> writeErrors;
-        /// Reading throws as an exhausted allocator does.
-        bool outOfMemory = false;
     };
 
     class FakeBundles final : public Bundles {

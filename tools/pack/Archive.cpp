@@ -92,7 +92,10 @@ public:
             return failure();
         if (!m_file.commit())
             return tl::unexpected(cannot("write"_L1, m_path, m_file.errorString()));
-        return PackedArchive{.bytes = m_bytes, .sha256 = m_hash.finalize()};
+        const auto digest = m_hash.finalize();
+        if (!digest)
+            return tl::unexpected(digest.error().localizedDescription);
+        return PackedArchive{.bytes = m_bytes, .sha256 = *digest};
     }
 
 private:
@@ -104,9 +107,8 @@ private:
             archive_set_error(zip, EIO, "%s", qUtf8Printable(self.m_file.errorString()));
             return -1;
         }
-        self.m_hash.update({static_cast<const std::byte*>(data), size});
         self.m_bytes += length;
-        return length;
+        return self.m_hash.update({static_cast<const std::byte*>(data), size}) ? length : -1;
     }
 
     Outcome<void> addHeader(archive_entry* entry)

@@ -1,182 +1,170 @@
 #include "platform/posix/AtomicWrite.h"
 
-#include "platform/posix/FileDescriptor.h"
-
 #include <QRandomGenerator>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
-#include <utility>
+#include <cstring>
+#include <string_view>
 
 namespace {
 
-constexpr int mostLinks = 40;
-constexpr std::size_t blockSize = std::size_t{8} << 20;
-constexpr std::size_t directAlignment = 4096;
+constexpr std::string_view namePrefix = ".plovistore-";
 
-tl::unexpected<Failure> failed(int errorNumber)
+Path temporaryName(const Path& folder)
 {
-    return tl::unexpected(systemFailure(errorNumber));
+    return folder / (std::string(namePrefix) + std::to_string(QRandomGenerator::system()->generate64()));
 }
 
-Result<Path> behindLinks(Path file)
+bool isTemporaryName(std::string_view name)
 {
-    for (int link = 0; link < mostLinks; ++link) {
-        std::error_code error;
-        const Path target = std::filesystem::read_symlink(file, error);
-        if (error)
-            return file;
-        file = file.parent_path() / target;
-    }
-    return failed(ELOOP);
+    return name.starts_with(namePrefix)
+        && name.find_first_not_of("0123456789", namePrefix.size()) == std::string_view::npos;
 }
 
-/// What a new file at this place may be read and written by.
-struct Permissions {
-    mode_t mode = 0666;
-    bool areThoseOfFormerFile = false;
-};
-
-Result<Permissions> permissionsFor(const Path& file)
+// Whoever writes such a file holds a lock on it.
+void clearLeftovers(const Path& folder)
 {
-    struct stat former { };
-    if (stat(file.c_str(), &former) != 0)
-        return errno == ENOENT ? Result<Permissions>(Permissions{}) : failed(errno);
-    if (S_ISDIR(former.st_mode))
-        return failed(EISDIR);
-    if (!S_ISREG(former.st_mode))
-        return failed(EOPNOTSUPP);
-    return Permissions{former.st_mode & 0777, true};
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (!isTemporaryName(entry->path().filename().native()))
+            continue;
+        const FileDescriptor leftover(
+            open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+        if (leftover.isOpen() && flock(leftover.number(), LOCK_EX | LOCK_NB) == 0)
+            unlink(entry->path().c_str());
+    }
 }
 
-class TemporaryFile {
-public:
-    TemporaryFile(TemporaryFile&& other) noexcept
-        : m_path(std::exchange(other.m_path, {})), m_descriptor(std::move(other.m_descriptor))
-    {
+// The system's own attributes ("security.") tell of the former content, or are for the system to set.
+void copyAttributes(const Path& from, int to)
+{
+    std::array<char, 65536> names{};
+    std::array<char, 65536> value{};
+    const ssize_t size = listxattr(from.c_str(), names.data(), names.size());
+    for (const char* name = names.data(); name < names.data() + size; name += std::strlen(name) + 1) {
+        const ssize_t length = getxattr(from.c_str(), name, value.data(), value.size());
+        if (length >= 0 && !std::string_view(name).starts_with("security."))
+            fsetxattr(to, name, value.data(), std::size_t(length), 0);
     }
-    TemporaryFile& operator=(TemporaryFile&&) = delete;
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile()
-    {
-        if (!m_path.empty())
-            unlink(m_path.c_str());
-    }
+}
 
-    static Result<TemporaryFile> createIn(const Path& folder, const Permissions& permissions)
-    {
-        while (true) {
-            const auto number = QRandomGenerator::system()->generate64();
-            Path path = folder / (".plovistore-" + std::to_string(number));
-            FileDescriptor descriptor(
-                open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions.mode));
-            if (!descriptor.isOpen() && errno == EEXIST)
-                continue;
-            if (!descriptor.isOpen())
-                return failed(errno);
-            // Where the file system keeps no permissions, all its files have the same.
-            if (permissions.areThoseOfFormerFile)
-                std::ignore = fchmod(descriptor.number(), permissions.mode);
-            return TemporaryFile(std::move(path), std::move(descriptor));
-        }
-    }
-
-    Result<void> write(std::span<const std::byte> content)
-    {
-        const std::size_t direct = writeDirectly(content);
-        return writeRest(content.subspan(direct));
-    }
-
-    Result<void> flush()
-    {
-        if (fsync(m_descriptor.number()) != 0)
-            return failed(errno);
-        return {};
-    }
-
-    Result<void> moveTo(const Path& file)
-    {
-        if (rename(m_path.c_str(), file.c_str()) != 0)
-            return failed(errno);
-        m_path.clear();
-        return {};
-    }
-
-private:
-    TemporaryFile(Path path, FileDescriptor descriptor)
-        : m_path(std::move(path)), m_descriptor(std::move(descriptor))
-    {
-    }
-
-    // Past the system's cache: filling fresh pages of it takes several times as long as the disk does. Only
-    // whole blocks of aligned memory can go this way, and not every file system knows it; whatever stops it,
-    // the rest is written the ordinary way, which also tells what is wrong. Returns how much was written.
-    std::size_t writeDirectly(std::span<const std::byte> content)
-    {
-        const bool isAligned = reinterpret_cast<std::uintptr_t>(content.data()) % directAlignment == 0;
-        if (!isAligned || content.size() < blockSize || fcntl(m_descriptor.number(), F_SETFL, O_DIRECT) != 0)
-            return 0;
-
-        std::size_t written = 0;
-        while (content.size() - written >= blockSize) {
-            const ssize_t count = ::write(m_descriptor.number(), content.data() + written, blockSize);
-            if (count < 0)
-                break;
-            written += static_cast<std::size_t>(count);
-        }
-        fcntl(m_descriptor.number(), F_SETFL, 0);
-        return written;
-    }
-
-    Result<void> writeRest(std::span<const std::byte> content)
-    {
-        while (!content.empty()) {
-            const ssize_t count = ::write(m_descriptor.number(), content.data(), content.size());
-            if (count < 0 && errno != EINTR)
-                return failed(errno);
-            content = content.subspan(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        }
-        return {};
-    }
-
-    Path m_path;
-    FileDescriptor m_descriptor;
-};
+// Not every file system keeps these, and not every user may set them: none of it is a failure.
+void handOn(const Path& former, int file)
+{
+    struct stat status { };
+    if (stat(former.c_str(), &status) != 0)
+        return;
+    if (fchown(file, status.st_uid, status.st_gid) != 0)
+        std::ignore = fchown(file, uid_t(-1), status.st_gid);
+    copyAttributes(former, file);
+    fchmod(file, status.st_mode & 0777);
+}
 
 // The new name reaches the disk at once. The file has been replaced already, so that a failure would change
 // nothing; some file systems know no such flush.
 void flushFolder(const Path& folder)
 {
     const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.isOpen())
-        fsync(descriptor.number());
+    fsync(descriptor.number());
 }
 
 } // namespace
 
-Result<void> writeAtomically(const Path& file, std::span<const std::byte> content)
+AtomicWrite::AtomicWrite(const Path& destination) : m_error(findDestination(destination))
 {
-    const auto target = behindLinks(file);
-    if (!target)
-        return tl::unexpected(target.error());
-    const auto permissions = permissionsFor(*target);
-    if (!permissions)
-        return tl::unexpected(permissions.error());
+    if (m_error == 0)
+        m_error = create();
+}
 
-    const Path folder = target->has_parent_path() ? target->parent_path() : Path(".");
-    auto temporary = TemporaryFile::createIn(folder, *permissions);
-    if (!temporary)
-        return tl::unexpected(temporary.error());
+AtomicWrite::~AtomicWrite()
+{
+    if (!m_temporary.empty())
+        unlink(m_temporary.c_str());
+}
 
-    return temporary->write(content)
-        .and_then([&] { return temporary->flush(); })
-        .and_then([&] { return temporary->moveTo(*target); })
-        .map([&] { flushFolder(folder); });
+int AtomicWrite::findDestination(const Path& destination)
+{
+    std::error_code error;
+    m_destination = std::filesystem::canonical(destination, error);
+    if (error == std::errc::no_such_file_or_directory)
+        m_destination = std::filesystem::absolute(destination, error);
+    if (error)
+        return error.value();
+    m_folder = m_destination.parent_path();
+    const auto type = std::filesystem::status(m_destination, error).type();
+    if (type == std::filesystem::file_type::directory)
+        return EISDIR;
+    const bool isReplaceable =
+        type == std::filesystem::file_type::regular || type == std::filesystem::file_type::not_found;
+    return isReplaceable ? 0 : EOPNOTSUPP;
+}
+
+int AtomicWrite::create()
+{
+    clearLeftovers(m_folder);
+    m_file = FileDescriptor(open(m_folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
+    if (!m_file.isOpen()) {
+        // Not every file system knows files without a name. If it is something else, this fails too.
+        const Path name = temporaryName(m_folder);
+        m_file = FileDescriptor(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (!m_file.isOpen())
+            return errno;
+        m_temporary = name;
+    }
+    flock(m_file.number(), LOCK_EX | LOCK_NB);
+    // Past the system's cache: filling fresh pages of it takes several times as long as the disk does.
+    fcntl(m_file.number(), F_SETFL, O_DIRECT);
+    return 0;
+}
+
+void AtomicWrite::write(Files::Bytes content)
+{
+    while (m_error == 0 && !content.empty()) {
+        const ssize_t count = ::write(m_file.number(), content.data(), content.size());
+        if (count > 0)
+            content = content.subspan(std::size_t(count));
+        else if (count == 0)
+            m_error = EIO;
+        else if (errno == EINVAL && fcntl(m_file.number(), F_GETFL) & O_DIRECT)
+            // Only whole pages go past the cache, and not on every file system.
+            fcntl(m_file.number(), F_SETFL, 0);
+        else if (errno != EINTR)
+            m_error = errno;
+    }
+}
+
+int AtomicWrite::giveName()
+{
+    if (!m_temporary.empty())
+        return 0;
+    const Path unnamed = "/proc/self/fd/" + std::to_string(m_file.number());
+    const Path name = temporaryName(m_folder);
+    if (linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
+        return errno;
+    m_temporary = name;
+    return 0;
+}
+
+Result<void> AtomicWrite::commit()
+{
+    if (m_error == 0) {
+        handOn(m_destination, m_file.number());
+        m_error = fsync(m_file.number()) == 0 ? giveName() : errno;
+    }
+    if (m_error == 0 && rename(m_temporary.c_str(), m_destination.c_str()) != 0)
+        m_error = errno;
+    if (m_error != 0)
+        return tl::unexpected(systemFailure(m_error));
+    m_temporary.clear();
+    flushFolder(m_folder);
+    return {};
 }

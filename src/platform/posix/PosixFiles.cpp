@@ -3,86 +3,141 @@
 #include "platform/posix/AtomicWrite.h"
 #include "platform/posix/FileDescriptor.h"
 
-#include <fcntl.h>
+#include <sys/mman.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
+#include <future>
+#include <vector>
 
 namespace {
 
-constexpr std::size_t blockSize = std::size_t{256} << 10;
+// What is read at once is still in the processor's cache when it is hashed; what is written at once keeps a
+// disk busy.
+constexpr std::size_t readBlock = std::size_t{256} << 10;
+constexpr std::size_t writeBlock = std::size_t{8} << 20;
 
-Result<Buffer> allocate(std::size_t size)
+/// Memory straight from the system, which has it back at once: the allocator keeps some.
+class Memory {
+public:
+    explicit Memory(std::size_t size)
+        : m_size(size)
+        , m_start(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))
+    {
+        // The first touch of a small page costs more than its copy.
+        if (isThere())
+            madvise(m_start, size, MADV_HUGEPAGE);
+    }
+    ~Memory()
+    {
+        if (isThere())
+            munmap(m_start, m_size);
+    }
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+
+    bool isThere() const { return m_start != MAP_FAILED; }
+    std::span<std::byte> bytes() const { return {static_cast<std::byte*>(m_start), m_size}; }
+
+private:
+    std::size_t m_size;
+    void* m_start;
+};
+
+/// Fills `room` as far as the file reaches, and hands each piece to `sink` while it is fresh.
+Result<std::size_t> readThrough(
+    const FileDescriptor& file, std::span<std::byte> room, const Files::Sink& sink)
 {
-    if (auto buffer = Buffer::allocate(size))
-        return std::move(*buffer);
-    return tl::unexpected(systemFailure(ENOMEM));
+    std::size_t filled = 0;
+    while (filled < room.size()) {
+        const auto piece = room.subspan(filled, std::min(room.size() - filled, readBlock));
+        const auto count = file.read(piece);
+        if (!count)
+            return count;
+        if (const auto taken = sink(piece.first(*count)); !taken)
+            return tl::unexpected(taken.error());
+        filled += *count;
+        if (*count < piece.size())
+            break;
+    }
+    return filled;
 }
 
-Result<Buffer> enlarged(const Buffer& buffer)
+std::future<void> writeInBackground(AtomicWrite& output, Files::Bytes bytes)
 {
-    auto larger = allocate(2 * buffer.size());
-    if (larger)
-        std::ranges::copy(buffer.bytes(), larger->bytes().begin());
-    return larger;
-}
-
-Result<ReadableFile> openForReadingThrough(const Path& file)
-{
-    auto opened = openForReading(file);
-    if (opened)
-        posix_fadvise(opened->descriptor.number(), 0, 0, POSIX_FADV_SEQUENTIAL);
-    return opened;
+    return std::async(std::launch::async | std::launch::deferred, [&output, bytes] {
+        // A limit on the size of files is a failure to be told: its signal, sent to the thread that writes,
+        // would end the program.
+        sigset_t signals{};
+        sigemptyset(&signals);
+        sigaddset(&signals, SIGXFSZ);
+        pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+        output.write(bytes);
+    });
 }
 
 } // namespace
 
-Result<Buffer> PosixFiles::read(const Path& file) const
-{
-    const auto opened = openForReadingThrough(file);
+Result<QByteArray> PosixFiles::read(const Path& file) const
+try {
+    const auto opened = openForReading(file);
     if (!opened)
         return tl::unexpected(opened.error());
-
-    // One byte more than the file holds: a buffer that is not full has met the end, and one that is full has
-    // to grow.
-    auto buffer = allocate(std::max(opened->size, blockSize) + 1);
-    std::size_t filled = 0;
-    while (buffer) {
-        const auto count = opened->descriptor.read(buffer->bytes().subspan(filled));
-        if (!count)
-            return tl::unexpected(count.error());
-        filled += *count;
-        if (filled < buffer->size()) {
-            buffer->shrink(filled);
-            break;
-        }
-        buffer = enlarged(*buffer);
-    }
-    return buffer;
+    QByteArray content(qsizetype(opened->size), Qt::Uninitialized);
+    return opened->descriptor.read(std::as_writable_bytes(std::span(content))).map([&](std::size_t count) {
+        content.truncate(qsizetype(count));
+        return std::move(content);
+    });
+} catch (const std::bad_alloc&) {
+    return tl::unexpected(systemFailure(ENOMEM));
 }
 
 Result<void> PosixFiles::readInBlocks(const Path& file, const Sink& sink) const
 {
-    const auto opened = openForReadingThrough(file);
+    const auto opened = openForReading(file);
     if (!opened)
         return tl::unexpected(opened.error());
-    auto buffer = allocate(blockSize);
-    if (!buffer)
-        return tl::unexpected(buffer.error());
 
-    std::size_t filled = blockSize;
-    while (filled == blockSize) {
-        const auto count = opened->descriptor.read(buffer->bytes());
+    std::vector<std::byte> block(std::clamp<std::size_t>(opened->size, 1, readBlock));
+    std::size_t filled = block.size();
+    while (filled == block.size()) {
+        const auto count = readThrough(opened->descriptor, block, sink);
         if (!count)
             return tl::unexpected(count.error());
         filled = *count;
-        if (filled > 0)
-            sink(buffer->bytes().first(filled));
     }
     return {};
 }
 
-Result<void> PosixFiles::writeAtomically(const Path& file, std::span<const std::byte> content) const
-{
-    return ::writeAtomically(file, content);
+Result<void> PosixFiles::copy(
+    const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const
+try {
+    const auto opened = openForReading(source);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    // The system has no blocks of no bytes.
+    const Memory memory(std::max<std::size_t>(opened->size, 1));
+    if (!memory.isThere())
+        return tl::unexpected(systemFailure(ENOMEM));
+
+    AtomicWrite output(destination);
+    // One block is on its way to the disk while the next is read.
+    std::future<void> writing;
+    std::span<std::byte> room = memory.bytes().first(opened->size);
+    while (!room.empty()) {
+        const auto block = room.first(std::min(room.size(), writeBlock));
+        const auto count = readThrough(opened->descriptor, block, sink);
+        if (!count)
+            return tl::unexpected(count.error());
+        if (writing.valid())
+            writing.get();
+        writing = writeInBackground(output, block.first(*count));
+        room = *count < block.size() ? std::span<std::byte>() : room.subspan(*count);
+    }
+    if (writing.valid())
+        writing.get();
+    return verdict().and_then([&] { return output.commit(); });
+} catch (const std::bad_alloc&) {
+    return tl::unexpected(systemFailure(ENOMEM));
 }

@@ -5,7 +5,8 @@
 /// Files of the system. Only regular files are read or replaced; pipes and devices are refused.
 class PosixFiles final : public Files {
 public:
-    Result<Buffer> read(const Path& file) const override;
+    Result<QByteArray> read(const Path& file) const override;
     Result<void> readInBlocks(const Path& file, const Sink& sink) const override;
-    Result<void> writeAtomically(const Path& file, std::span<const std::byte> content) const override;
+    Result<void> copy(
+        const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const override;
 };
