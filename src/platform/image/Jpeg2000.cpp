@@ -167,9 +167,11 @@ std::optional<Image> decodeFile(Bytes file, int halvings)
 // How often the picture is halved.
 int halvingsFor(const Codestream& codestream, int edge)
 {
+    constexpr int toOnePixel = 14;
     const int longerEdge = std::max(codestream.size.width, codestream.size.height);
+    const int most = std::min(codestream.fewestHalvings, toOnePixel);
     int halvings = 0;
-    while (halvings < codestream.fewestHalvings
+    while (halvings < most
         && (longerEdge >> (halvings + 1) >= edge || !isWithin(codestream.effort(halvings), affordable)))
         ++halvings;
     return halvings;
