@@ -17,9 +17,6 @@ namespace {
 
 constexpr std::size_t entriesExpected = 4;
 
-/// The edge at which lists show an icon; a bundle whose icon can be shown there has an icon.
-constexpr int iconEdge = 64;
-
 /// From this size on an archive is read in a thread of its own.
 constexpr qint64 largeArchive = qint64{4} << 20;
 
@@ -84,7 +81,8 @@ bool hasIcon(const StoreApp& app)
 {
     const Platform& platform = Platform::current();
     const auto file = platform.files->read(below(platform.bundles->mainResources(), app.name + ".icns"_L1));
-    return file && decodeImage(std::as_bytes(std::span(*file)), iconEdge);
+    // The window shows whatever can be read of a set, so the smallest picture that can be read is enough.
+    return file && decodeImage(std::as_bytes(std::span(*file)), 0);
 }
 
 /// The checks of all archives, in the order of the catalog. Several large ones are read at the same time; a
