@@ -146,10 +146,19 @@ def save():
 
 def install(archive):
     subprocess.run(["unzip", "-q", archive, "-d", HOME / "Applications"], check=True)
+    contents = HOME / "Applications/Brisko.app/Contents"
+    (contents / "MacOS").rename(contents / "Program")
+    (contents / "MacOS").mkdir()
+    listing = contents / "descriptors"
+    program = contents / "MacOS/Brisko"
+    program.write_text(f"#!/bin/sh\nls /proc/self/fd > {listing}\nexec {contents}/Program/Brisko\n")
+    program.chmod(0o755)
     press("Обновить список установленных приложений")
     press("Открыть")
     wait_for("Brisko itself opens", lambda: applications("Brisko"))
-    step("the unpacked application counts as installed and opens")
+    # The fourth is the folder that `ls` reads.
+    assert listing.read_text().split() == ["0", "1", "2", "3"], listing.read_text()
+    step("the unpacked application counts as installed and opens, and inherits nothing but its three streams")
 
 
 def go_back():
