@@ -43,7 +43,7 @@ inline constexpr TextStyle sectionTitle{14, Weight::Medium};
 inline constexpr TextStyle makerName{13, Weight::Medium}, makerNote{10};
 
 inline constexpr TextStyle pageTitle{34, Weight::Bold, Style::Design::Rounded}, pageSubtitle{15};
-inline constexpr TextStyle cardTitle{34, Weight::Bold, Style::Design::Rounded};
+inline constexpr TextStyle cardTitle{34, Weight::Bold, Style::Design::Rounded, 1.2};
 inline constexpr TextStyle cardName{22, Weight::Semibold};
 inline constexpr TextStyle cardNote{15}, cardLink{14, Weight::Semibold};
 inline constexpr TextStyle collectionTitle{24, Weight::Bold};

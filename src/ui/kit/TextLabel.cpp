@@ -9,13 +9,11 @@
 
 namespace {
 
-/// Rounded families differ much in their own line heights: at most this much of the font size.
-constexpr qreal roundedLine = 1.2;
-
-int tightening(const QFont& font, Style::Design design)
+/// How much closer than the font wants the lines stand.
+int tightening(const QFont& font, qreal lineHeight)
 {
     const int own = qCeil(QFontMetricsF(font).lineSpacing());
-    return design == Style::Design::Rounded ? qMax(0, own - qRound(font.pixelSize() * roundedLine)) : 0;
+    return lineHeight > 0 ? qMax(0, own - qRound(font.pixelSize() * lineHeight)) : 0;
 }
 
 } // namespace
@@ -23,7 +21,7 @@ int tightening(const QFont& font, Style::Design design)
 TextLabel::TextLabel(const TextLook& look, const QString& text, QWidget* parent)
     : QLabel(parent)
     , m_look(look)
-    , m_laid(Style::font(look.style), look.extra, tightening(Style::font(look.style), look.style.design))
+    , m_laid(Style::font(look.style), look.extra, tightening(Style::font(look.style), look.style.lineHeight))
 {
     setTextFormat(Qt::PlainText);
     setWordWrap(m_look.lines == Lines::Wrapped);
@@ -49,7 +47,7 @@ void TextLabel::setColor(const QColor& color)
 
 int TextLabel::lineHeight() const
 {
-    return qCeil(QFontMetricsF(font()).lineSpacing()) - tightening(font(), m_look.style.design);
+    return qCeil(QFontMetricsF(font()).lineSpacing()) - tightening(font(), m_look.style.lineHeight);
 }
 
 bool TextLabel::isCut() const

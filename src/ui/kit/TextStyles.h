@@ -14,6 +14,8 @@ struct TextStyle {
     qreal size = 13;
     Weight weight = Weight::Regular;
     Design design = Design::System;
+    /// At most this much of the size from line to line; 0: as much as the font wants.
+    qreal lineHeight = 0;
 
     bool operator==(const TextStyle&) const = default;
 };
