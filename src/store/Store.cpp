@@ -42,8 +42,10 @@ void Store::launch(StoreApp app)
             const QString text =
                 u"Не удалось открыть "_s + name + u": "_s + outcome.error().localizedDescription;
             jobs->onMainThread([store, text] {
-                if (store)
-                    store->message.set(text);
+                if (!store)
+                    return;
+                store->message.set(text);
+                Q_EMIT store->failed();
             });
         });
 }
@@ -83,6 +85,7 @@ void Store::finishSaving(const StoreApp& app, const Path& destination, const Res
             + u"macOS может запросить разрешение на первый запуск."_s);
     } else {
         message.set(u"Не удалось сохранить "_s + app.name + u": "_s + outcome.error().localizedDescription);
+        Q_EMIT failed();
     }
     busy.remove(app.id);
 }

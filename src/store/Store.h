@@ -36,6 +36,10 @@ public:
     /// the caller shows: hence the entry by value, here and in `launch`.
     void save(StoreApp app);
 
+Q_SIGNALS:
+    /// A save or an opening has failed; `message` says why.
+    void failed();
+
 private:
     void finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome);
 

@@ -4,10 +4,12 @@
 #include "platform/desktop/DesktopJobs.h"
 #include "platform/desktop/DesktopSavePanel.h"
 #include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/EndingSignals.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixUserFolders.h"
+#include "ui/ResourceImage.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -15,21 +17,42 @@
 #include <QPointer>
 #include <QTranslator>
 
+#include <cstdio>
+#include <cstdlib>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int windowIconEdge = 64;
+
+/// Takes the toolkit's messages while it looks for a screen. The only thing fatal then is that there is none.
+void endWithoutScreen(QtMsgType type, const QMessageLogContext&, const QString&)
+{
+    if (type != QtFatalMsg)
+        return;
+    std::fputs("PloviStore: нет экрана, на котором можно показать окно.\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+/// What else the toolkit has to say is for those who work on the program, not for its users.
+void tellFatalOnly(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "PloviStore: %s\n", qUtf8Printable(text));
+}
 
 /// The roles of this machine, installed as long as they live.
 struct DesktopPlatform {
     PosixBundles bundles;
     PosixFiles files;
     PosixUserFolders userFolders;
-    // Destroyed before the files, which its last work uses, and after the workspace, whose last answer comes
-    // through it.
+    // Outlives the jobs, whose last work still asks for the roles.
+    PlatformScope scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};
+    // Destroyed after the workspace, whose last answer comes through it.
     DesktopJobs jobs;
     DesktopWorkspace workspace;
     DesktopSavePanel savePanel{&QApplication::activeWindow};
-    PlatformScope scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};
 };
 
 /// The program speaks Russian wherever it runs, and so do the dialogs and menus that Qt brings.
@@ -57,7 +80,9 @@ int PloviStoreMain::run(int argc, char* argv[])
     const bool isChosen = qEnvironmentVariableIsSet(drawing);
     if (!isChosen)
         qputenv(drawing, "none");
+    qInstallMessageHandler(endWithoutScreen);
     QApplication application(argc, argv);
+    qInstallMessageHandler(tellFatalOnly);
     if (!isChosen)
         qunsetenv(drawing);
 
@@ -71,17 +96,28 @@ int PloviStoreMain::run(int argc, char* argv[])
 
     PloviStoreMain program;
     window = &program.m_window;
-    window->show();
-    return QApplication::exec();
+    // Closes an open save panel and the window as the user would.
+    const EndingSignals signalsToEnd(&QApplication::closeAllWindows);
+    return program.exec();
 }
 
 PloviStoreMain::PloviStoreMain() : m_window(m_store)
 {
-    // A save that still runs when the window is closed is finished first.
+    ResourceImage brand;
+    brand.load(Platform::current().bundles->mainResources() / "Brand.png", windowIconEdge);
+    m_window.setWindowIcon(QPixmap::fromImage(
+        brand.fitted(QSizeF(windowIconEdge, windowIconEdge), m_window.devicePixelRatio())));
+
     QApplication::setQuitOnLastWindowClosed(false);
-    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_window, [this] { quitWhenDone(); });
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_window, [this] { proceed(); });
     QObject::connect(
-        &m_store, &Store::objectWillChange, &m_window, [this] { quitWhenDone(); }, Qt::QueuedConnection);
+        &m_store, &Store::objectWillChange, &m_window, [this] { proceed(); }, Qt::QueuedConnection);
+    QObject::connect(&m_store, &Store::failed, &m_window, [this] {
+        if (m_window.isVisible())
+            return;
+        m_isBackWithFailure = true;
+        m_window.raiseToFront();
+    });
     QObject::connect(
         qApp, &QGuiApplication::applicationStateChanged, &m_window, [this](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive)
@@ -89,8 +125,28 @@ PloviStoreMain::PloviStoreMain() : m_window(m_store)
         });
 }
 
-void PloviStoreMain::quitWhenDone()
+int PloviStoreMain::exec()
 {
-    if (!m_window.isVisible() && m_store.busy->empty())
+    m_window.show();
+    int status = 0;
+    // A session that ends, ends the event loop without asking; a save is finished all the same.
+    do
+        status = QApplication::exec();
+    while (!isDone());
+    return status;
+}
+
+bool PloviStoreMain::isDone() const
+{
+    return !m_window.isVisible() && m_store.busy->empty();
+}
+
+void PloviStoreMain::proceed()
+{
+    if (m_isBackWithFailure && !*m_store.message) {
+        m_isBackWithFailure = false;
+        m_window.close();
+    }
+    if (isDone())
         QApplication::quit();
 }
