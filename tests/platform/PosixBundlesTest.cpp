@@ -1,6 +1,7 @@
 #include "platform/posix/PosixBundles.h"
 
 #include "platform/posix/BundleInfo.h"
+#include "platform/posix/PropertyList.h"
 
 #include <QByteArray>
 #include <QTemporaryDir>
@@ -35,24 +36,49 @@ QByteArray xmlList(const QByteArray& content)
         + "</dict></plist>";
 }
 
-const QByteArray complete = xmlList("<key>CFBundleExecutable</key><string>Бриско</string>"
-                                    "<key>CFBundleIdentifier</key><string>org.example.brisko</string>");
-
-TEST_F(BundleFolder, AnXmlListIsRead)
+/// A list of these objects, the first of which is its top, with offsets of two bytes and references of one.
+QByteArray binaryList(const QByteArrayList& objects)
 {
-    EXPECT_EQ(readBundleInfo(bundle(complete)), (BundleInfo{u"org.example.brisko"_s, u"Бриско"_s}));
+    QByteArray list = "bplist00", offsets;
+    for (const QByteArray& object : objects) {
+        offsets += char(list.size() >> 8);
+        offsets += char(list.size());
+        list += object;
+    }
+    const auto number = [](qsizetype value) { return QByteArray::number(value, 16).rightJustified(16, '0'); };
+    return list + offsets
+        + QByteArray::fromHex("0000000000000201" + number(objects.size()) + number(0) + number(list.size()));
 }
 
-TEST_F(BundleFolder, ABinaryListIsRead)
-{
-    // One dictionary { CFBundleIdentifier: "a.b" }: its object, key and value, their offsets, and the
-    // trailer.
-    const QByteArray list = "bplist00" + QByteArray::fromHex("d10102") + QByteArray::fromHex("5f1012")
-        + "CFBundleIdentifier" + "\x53" + "a.b" + QByteArray::fromHex("080b20")
-        + QByteArray::fromHex("0000000000000101") + QByteArray::fromHex("0000000000000003")
-        + QByteArray::fromHex("0000000000000000") + QByteArray::fromHex("0000000000000024");
+const QByteArray identifierKey = QByteArray::fromHex("5f1012") + "CFBundleIdentifier";
+const QByteArray identifier = "<key>CFBundleIdentifier</key><string>a.b</string>";
+const QByteArray complete = xmlList("<key>Documents</key><array><dict>" + identifier.chopped(12)
+    + "c</string></dict></array><key>CFBundleExecutable</key><string>Бриско</string>" + identifier);
 
-    EXPECT_EQ(readBundleInfo(bundle(list)), (BundleInfo{u"a.b"_s, u""_s}));
+TEST_F(BundleFolder, AListOfEitherFormIsReadWhateverElseItHolds)
+{
+    EXPECT_EQ(readBundleInfo(bundle(complete)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
+
+    // Beside both texts, lists of lists: each refers twice to the next.
+    QByteArrayList objects{QByteArray::fromHex("d3010304020506"), identifierKey,
+        "\x53"
+        "a.b",
+        QByteArray::fromHex("5f110012") + "CFBundleExecutable",
+        "\x54"
+        "many",
+        QByteArray::fromHex("66") + QByteArray::fromHex("0411044004380441043a043e")};
+    for (char next = 7; next < 100; ++next)
+        objects.append(QByteArray(1, '\xa2') + next + next);
+    objects.append("\xa0");
+    const QByteArray list = binaryList(objects);
+    EXPECT_EQ(readBundleInfo(bundle(list)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
+
+    for (qsizetype at = 0; at < list.size(); ++at) {
+        QByteArray damaged = list;
+        damaged[at] = '\xff';
+        propertyListTexts(std::as_bytes(std::span(damaged)), {"CFBundleIdentifier"_L1});
+        EXPECT_FALSE(propertyListTexts(std::as_bytes(std::span(list)).first(std::size_t(at)), {}));
+    }
 }
 
 TEST_F(BundleFolder, WhatIsNoBundleHasNoIdentifier)
@@ -69,11 +95,23 @@ TEST_F(BundleFolder, WhatIsNoBundleHasNoIdentifier)
 TEST_F(BundleFolder, AListWithoutAnIdentifierNamesNone)
 {
     const PosixBundles bundles;
+    const QByteArray text = "\x53"
+                            "a.b";
 
     for (const auto& list : {QByteArray(), QByteArray("text"), xmlList(""), complete.left(120),
-             xmlList("<key>CFBundleIdentifier</key><integer>1</integer>"),
+             complete.chopped(20), xmlList("<key>CFBundleIdentifier</key><integer>1</integer>"),
              xmlList("<key>CFBundleIdentifier</key><string></string>"),
-             xmlList("<key>Padding</key><string>" + QByteArray(2'000'000, 'x') + "</string>" + complete)})
+             xmlList("<string>CFBundleIdentifier</string><string>a.b</string>"),
+             xmlList("<key>Padding</key><string>" + QByteArray(2'000'000, 'x') + "</string>" + identifier),
+             xmlList("<key>Deep</key>" + QByteArray("<array>").repeated(65)
+                 + QByteArray("</array>").repeated(65) + identifier),
+             "<!DOCTYPE plist [<!ENTITY a \"b\">]>" + complete.mid(38), "<list>" + complete.mid(58),
+             binaryList({QByteArray::fromHex("a101"), identifierKey}), binaryList({text}), binaryList({}),
+             binaryList({QByteArray::fromHex("d10102"), identifierKey}),
+             binaryList({QByteArray::fromHex("d10102"), identifierKey, QByteArray::fromHex("09")}),
+             binaryList(
+                 {QByteArray::fromHex("d10102"), identifierKey, QByteArray::fromHex("5f1300000000ffffffff")}),
+             binaryList({QByteArray::fromHex("df13ffffffffffffffff0102"), identifierKey, text})})
         EXPECT_FALSE(bundles.bundleIdentifier(bundle(list))) << list.left(120).toStdString();
 }
 
@@ -86,13 +124,9 @@ TEST_F(BundleFolder, TheMainResourcesLieBesideTheProgramBehindAnyLink)
     const Path resources = std::filesystem::canonical(place("Brisko.app")) / "Contents" / "Resources";
     EXPECT_EQ(PosixBundles(program).mainResources(), resources);
     EXPECT_EQ(PosixBundles(place("link")).mainResources(), resources);
-}
 
-TEST_F(BundleFolder, TheRunningProgramIsTheMainOne)
-{
-    const Path program = std::filesystem::read_symlink("/proc/self/exe");
-
-    EXPECT_EQ(PosixBundles().mainResources(), program.parent_path().parent_path() / "Resources");
+    const Path running = std::filesystem::read_symlink("/proc/self/exe");
+    EXPECT_EQ(PosixBundles().mainResources(), running.parent_path().parent_path() / "Resources");
 }
 
 } // namespace

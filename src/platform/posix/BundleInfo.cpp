@@ -1,37 +1,16 @@
 #include "platform/posix/BundleInfo.h"
 
 #include "platform/posix/FileDescriptor.h"
+#include "platform/posix/PropertyList.h"
 
-#include <plist/plist.h>
-
-#include <array>
-#include <memory>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // Real lists take a few kilobytes.
 constexpr std::size_t largestList = std::size_t{1} << 20;
-
-using PropertyList = std::unique_ptr<void, decltype(&plist_free)>;
-
-PropertyList parse(std::span<const std::byte> content)
-{
-    plist_t root = nullptr;
-    plist_from_memory(
-        reinterpret_cast<const char*>(content.data()), static_cast<std::uint32_t>(content.size()), &root);
-    return {root, &plist_free};
-}
-
-QString text(plist_t dictionary, const char* key)
-{
-    plist_t value = plist_dict_get_item(dictionary, key);
-    if (!value || plist_get_node_type(value) != PLIST_STRING)
-        return {};
-    std::uint64_t length = 0;
-    const char* characters = plist_get_string_ptr(value, &length);
-    return QString::fromUtf8(characters, static_cast<qsizetype>(length));
-}
 
 } // namespace
 
@@ -46,8 +25,7 @@ std::optional<BundleInfo> readBundleInfo(const Path& bundle)
     if (!size || *size == 0)
         return std::nullopt;
 
-    const PropertyList list = parse(std::span(content).first(*size));
-    if (!list || plist_get_node_type(list.get()) != PLIST_DICT)
-        return std::nullopt;
-    return BundleInfo{text(list.get(), "CFBundleIdentifier"), text(list.get(), "CFBundleExecutable")};
+    const auto texts = propertyListTexts(
+        std::span(content).first(*size), {"CFBundleIdentifier"_L1, "CFBundleExecutable"_L1});
+    return texts ? std::optional(BundleInfo{texts->at(0), texts->at(1)}) : std::nullopt;
 }
