@@ -43,7 +43,10 @@ public:
 
     class FakeWorkspace final : public Workspace {
     public:
+        explicit FakeWorkspace(const FakeBundles& bundles) : m_bundles(bundles) { }
+
         std::optional<Path> urlForApplication(const QString& bundleID) override;
+        QSet<QString> knownIdentifiers() override;
         void openApplication(const Path& place, std::function<void(Result<void>)> done) override;
         void openURL(const QString& address) override { addresses.append(address); }
         void reveal(const Path& file) override { revealed.push_back(file); }
@@ -54,6 +57,9 @@ public:
         std::vector<Path> opened;
         std::vector<Path> revealed;
         QStringList addresses;
+
+    private:
+        const FakeBundles& m_bundles;
     };
 
     class FakeSavePanel final : public SavePanel {
@@ -80,7 +86,7 @@ public:
     FakeFiles files;
     FakeBundles bundles;
     FakeUserFolders userFolders;
-    FakeWorkspace workspace;
+    FakeWorkspace workspace{bundles};
     FakeSavePanel savePanel;
     FakeJobs jobs;
 

@@ -6,11 +6,15 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <utility>
-
-using namespace std::chrono_literals;
 
 namespace {
+
+std::pair<dev_t, ino_t> identityOf(const Path& folder)
+{
+    struct stat status { };
+    ::stat(folder.c_str(), &status);
+    return {status.st_dev, status.st_ino};
+}
 
 QString identifierOf(const Path& bundle)
 {
@@ -18,12 +22,9 @@ QString identifierOf(const Path& bundle)
     return info ? info->identifier : QString();
 }
 
-/// How far apart two changes must be for their time stamps to differ for certain.
-std::chrono::nanoseconds tick(std::chrono::sys_time<std::chrono::nanoseconds> stamp)
+bool isBundle(const Path& entry)
 {
-    // Some file systems stamp whole seconds, or every other one.
-    const bool isCoarse = stamp.time_since_epoch() % 1s == 0s;
-    return isCoarse ? 2s : 50ms;
+    return entry.extension() == ".app";
 }
 
 } // namespace
@@ -33,8 +34,8 @@ ApplicationFolder::ApplicationFolder(Path folder) : m_folder(std::move(folder)) 
 std::optional<Path> ApplicationFolder::bundleWithIdentifier(const QString& identifier)
 {
     refresh();
-
     auto found = m_bundles.constFind(identifier);
+    // The way to the bundle may lead through links to places that are not watched.
     if (found != m_bundles.cend() && identifierOf(*found) != identifier) {
         scan();
         found = m_bundles.constFind(identifier);
@@ -42,56 +43,59 @@ std::optional<Path> ApplicationFolder::bundleWithIdentifier(const QString& ident
     return found == m_bundles.cend() ? std::nullopt : std::optional(*found);
 }
 
-std::optional<ApplicationFolder::State> ApplicationFolder::currentState() const
+QList<QString> ApplicationFolder::identifiers()
 {
-    struct stat status { };
-    if (::stat(m_folder.c_str(), &status) != 0)
-        return std::nullopt;
-
-    // Not the time of modification: copying programs set that one back.
-    const Time changed(
-        std::chrono::seconds(status.st_ctim.tv_sec) + std::chrono::nanoseconds(status.st_ctim.tv_nsec));
-    return State{status.st_dev, status.st_ino, changed};
+    refresh();
+    return m_bundles.keys();
 }
 
 void ApplicationFolder::refresh()
 {
-    if (!m_isTrusted || currentState() != m_state)
+    const bool hasChanged = m_watch.takeChange();
+    if (hasChanged || identityOf(m_folder) != m_identity)
         scan();
-    else
-        std::erase_if(m_unfinished, [this](const Path& bundle) { return add(bundle); });
 }
 
 void ApplicationFolder::scan()
 {
     m_bundles.clear();
-    m_unfinished.clear();
-    m_state = currentState();
-    // A change in the same tick as the last one would leave the stamp as it is.
-    m_isTrusted = !m_state
-        || std::chrono::abs(std::chrono::system_clock::now() - m_state->changed) > tick(m_state->changed);
+    m_watch.restart();
+    m_identity = identityOf(m_folder);
 
-    std::vector<Path> bundles;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(m_folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        if (entry->path().extension() == ".app")
-            bundles.push_back(entry->path());
+    std::vector<Path> folders;
+    for (const Path& entry : watchedContent(m_folder)) {
+        std::error_code error;
+        if (isBundle(entry))
+            add(entry);
+        else if (entry.filename().native().front() != '.' && std::filesystem::is_directory(entry, error))
+            folders.push_back(entry);
     }
-    std::ranges::sort(bundles);
-    // A bundle that is being copied here may get its property list later, which leaves the folder's stamp as
-    // it is.
-    std::ranges::copy_if(
-        bundles, std::back_inserter(m_unfinished), [this](const Path& bundle) { return !add(bundle); });
+    for (const Path& folder : folders) {
+        for (const Path& entry : watchedContent(folder)) {
+            if (isBundle(entry))
+                add(entry);
+        }
+    }
 }
 
-bool ApplicationFolder::add(const Path& bundle)
+/// Watched before it is read: what happens in between shows at the next look.
+std::vector<Path> ApplicationFolder::watchedContent(const Path& folder)
 {
-    const auto identifier = identifierOf(bundle);
-    if (identifier.isEmpty())
-        return false;
-    Path& place = m_bundles[identifier];
-    if (place.empty() || bundle < place)
-        place = bundle;
-    return true;
+    m_watch.add(folder);
+    std::vector<Path> content;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        content.push_back(entry->path());
+    std::ranges::sort(content);
+    return content;
+}
+
+void ApplicationFolder::add(const Path& bundle)
+{
+    m_watch.add(bundle);
+    m_watch.add(bundle / "Contents");
+    const QString identifier = identifierOf(bundle);
+    if (!identifier.isEmpty() && !m_bundles.contains(identifier))
+        m_bundles.insert(identifier, bundle);
 }

@@ -4,14 +4,18 @@
 
 #include <QStandardPaths>
 
+#include <filesystem>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QLatin1StringView entryEnding(".desktop");
+
 std::optional<Path> desktopEntry(const QString& identifier)
 {
     const auto file =
-        toPath(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, identifier + ".desktop"_L1));
+        toPath(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, identifier + entryEnding));
     if (file.empty() || !isUsableDesktopEntry(file))
         return std::nullopt;
     return file;
@@ -20,8 +24,9 @@ std::optional<Path> desktopEntry(const QString& identifier)
 } // namespace
 
 ApplicationRegistry::ApplicationRegistry(const std::vector<Path>& folders)
-    : m_folders(folders.begin(), folders.end())
 {
+    for (const Path& folder : folders)
+        m_folders.emplace_back(folder);
 }
 
 std::optional<Path> ApplicationRegistry::applicationWithIdentifier(const QString& identifier)
@@ -33,4 +38,23 @@ std::optional<Path> ApplicationRegistry::applicationWithIdentifier(const QString
             return bundle;
     }
     return desktopEntry(identifier);
+}
+
+QSet<QString> ApplicationRegistry::identifiers()
+{
+    QSet<QString> all;
+    for (ApplicationFolder& folder : m_folders) {
+        for (const QString& identifier : folder.identifiers())
+            all.insert(identifier);
+    }
+    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation)) {
+        std::error_code error;
+        for (std::filesystem::directory_iterator entry(toPath(folder), error), end; !error && entry != end;
+             entry.increment(error)) {
+            const QString name = toText(entry->path().filename());
+            if (name.endsWith(entryEnding))
+                all.insert(name.chopped(entryEnding.size()));
+        }
+    }
+    return all;
 }

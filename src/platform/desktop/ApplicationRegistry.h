@@ -2,8 +2,12 @@
 
 #include "platform/desktop/ApplicationFolder.h"
 
-/// Where the applications of this machine lie: bundles in the given folders, whatever their file names, then
-/// desktop entries named `<identifier>.desktop`. Main thread.
+#include <QSet>
+
+#include <list>
+
+/// Where the applications of this machine lie: bundles in the given folders or one folder below, whatever
+/// their file names, then desktop entries named `<identifier>.desktop`. Main thread.
 class ApplicationRegistry {
 public:
     /// Of several folders that hold a bundle, the first wins.
@@ -11,7 +15,9 @@ public:
 
     /// The bundle, or the desktop entry's file, as of now. The first look reads all bundles.
     std::optional<Path> applicationWithIdentifier(const QString& identifier);
+    /// All identifiers that an application may be found for, as of now.
+    QSet<QString> identifiers();
 
 private:
-    std::vector<ApplicationFolder> m_folders;
+    std::list<ApplicationFolder> m_folders;
 };

@@ -22,11 +22,14 @@ using AppInfo = std::unique_ptr<GDesktopAppInfo, Release>;
 using LaunchContext = std::unique_ptr<GAppLaunchContext, Release>;
 using Error = std::unique_ptr<GError, Release>;
 
-/// The application of a desktop entry; none when the entry is damaged or hidden, or its program is missing.
+/// The application of a desktop entry; none when the entry is damaged or hidden, or names no program that is
+/// there.
 AppInfo readEntry(const Path& file)
 {
     AppInfo entry(g_desktop_app_info_new_from_filename(file.c_str()));
-    return entry && !g_desktop_app_info_get_is_hidden(entry.get()) ? std::move(entry) : nullptr;
+    const char* const program = entry ? g_app_info_get_commandline(G_APP_INFO(entry.get())) : nullptr;
+    const bool isUsable = program && *program && !g_desktop_app_info_get_is_hidden(entry.get());
+    return isUsable ? std::move(entry) : nullptr;
 }
 
 LaunchContext cleanContext()

@@ -1,15 +1,25 @@
 #include "ui/model/ViewState.h"
 
+#include "platform/Platform.h"
+
 namespace {
 
-bool belongs(const StoreApp& app, const QString& section, const Store& store)
+/// Asks the machine only for entries that one look at it has not ruled out. A name with a slash may lead out
+/// of the folders that were looked at.
+bool isInstalled(const StoreApp& app, const QSet<QString>& knownIdentifiers)
+{
+    return (knownIdentifiers.contains(app.bundleID) || app.name.contains(u'/')) && app.installedURL();
+}
+
+bool belongs(
+    const StoreApp& app, const QString& section, const Store& store, const QSet<QString>& knownIdentifiers)
 {
     if (section == section_title::overview || section == section_title::allApplications)
         return true;
     if (canonicallyEqual(section, app.category))
         return true;
     if (section == section_title::installed)
-        return app.installedURL().has_value();
+        return isInstalled(app, knownIdentifiers);
     return section == section_title::downloads && store.saved->contains(app.id);
 }
 
@@ -37,9 +47,13 @@ std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store)
     std::vector<const StoreApp*> shown;
     const std::optional<SearchText> search =
         view.search.isEmpty() ? std::nullopt : std::optional<SearchText>(view.search);
+    const QSet<QString> knownIdentifiers = view.section == section_title::installed
+        ? Platform::current().workspace->knownIdentifiers()
+        : QSet<QString>();
     for (std::size_t index = 0; index < store.apps->size(); ++index) {
         const StoreApp& app = store.apps->at(index);
-        if ((!search || store.searchTexts().at(index).contains(*search)) && belongs(app, view.section, store))
+        if ((!search || store.searchTexts().at(index).contains(*search))
+            && belongs(app, view.section, store, knownIdentifiers))
             shown.push_back(&app);
     }
     return shown;

@@ -2,12 +2,9 @@
 #include "platform/desktop/TestSession.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
-#include <chrono>
 #include <filesystem>
 
 using namespace Qt::StringLiterals;
@@ -25,31 +22,13 @@ class ApplicationRegistryTest : public testing::Test {
 protected:
     std::optional<Path> find(const QString& identifier)
     {
-        return m_registry.applicationWithIdentifier(identifier);
+        return registry.applicationWithIdentifier(identifier);
     }
 
-    /// Returns when the index of the shared folder need no longer be made anew at every look.
-    void settle()
-    {
-        ASSERT_TRUE(QTest::qWaitFor([this] {
-            struct stat status { };
-            ::stat(shared.c_str(), &status);
-            const auto changed = status.st_ctim.tv_sec * 1'000'000'000LL + status.st_ctim.tv_nsec;
-            const auto now = std::chrono::system_clock::now().time_since_epoch();
-            return now - std::chrono::nanoseconds(changed) > std::chrono::milliseconds(60);
-        }));
-        find(u"org.orbanel.other"_s);
-    }
-
-private:
-    QTemporaryDir m_folder;
-
-protected:
-    const Path shared = makeFolder(toPath(m_folder.path()) / "Applications");
-    const Path own = toPath(m_folder.path()) / "home/Applications";
-
-private:
-    ApplicationRegistry m_registry{{shared, own}};
+    QTemporaryDir temporary;
+    const Path shared = makeFolder(toPath(temporary.path()) / "Applications");
+    const Path own = toPath(temporary.path()) / "home/Applications";
+    ApplicationRegistry registry{{shared, own}};
 };
 
 } // namespace
@@ -64,60 +43,81 @@ TEST_F(ApplicationRegistryTest, ABundleIsFoundWhateverItsName)
         EXPECT_THAT(find(unknown), Eq(std::nullopt)) << unknown.toStdString();
 }
 
-TEST_F(ApplicationRegistryTest, TheFirstFolderThenTheFirstNameWins)
+TEST_F(ApplicationRegistryTest, OfSeveralTheFirstFolderThenTheUpperThenTheFirstNameWins)
 {
-    makeBundle(own / "A.app", briskoID);
-    EXPECT_THAT(find(brisko), Optional(own / "A.app"));
-
-    makeBundle(shared / "C.app", briskoID);
-    EXPECT_THAT(find(brisko), Optional(shared / "C.app"));
-
-    makeBundle(shared / "B.app", briskoID);
-    EXPECT_THAT(find(brisko), Optional(shared / "B.app"));
+    for (const Path& bundle :
+        {own / "Orbanel/B.app", own / "Orbanel/A.app", own / "Z.app", shared / "C.app", shared / "B.app"}) {
+        makeBundle(bundle, briskoID);
+        EXPECT_THAT(find(brisko), Optional(bundle));
+    }
+    makeBundle(own / "Orbanel/deeper/A.app", "org.orbanel.deep");
+    makeBundle(own / ".trash/A.app", "org.orbanel.deleted");
+    makeBundle(own / "Z.app/Inner.app", "org.orbanel.inner");
+    for (const auto& unknown : {u"org.orbanel.deep"_s, u"org.orbanel.deleted"_s, u"org.orbanel.inner"_s})
+        EXPECT_THAT(find(unknown), Eq(std::nullopt)) << unknown.toStdString();
 }
 
 TEST_F(ApplicationRegistryTest, EveryChangeShowsAtTheNextLook)
 {
-    for (const bool isSettled : {false, true}) {
-        SCOPED_TRACE(isSettled);
-        const auto wait = [&] { return isSettled ? settle() : void(); };
+    const auto newer = u"org.orbanel.newer"_s;
+    for (const Path& folder : {shared, shared / "Orbanel", own}) {
+        makeBundle(folder / "A.app", briskoID);
+        EXPECT_THAT(find(brisko), Optional(folder / "A.app"));
 
-        wait();
-        makeBundle(shared / "A.app", briskoID);
-        EXPECT_THAT(find(brisko), Optional(shared / "A.app"));
+        std::filesystem::rename(folder / "A.app", folder / "B.app");
+        EXPECT_THAT(find(brisko), Optional(folder / "B.app"));
 
-        wait();
-        std::filesystem::rename(shared / "A.app", shared / "B.app");
-        EXPECT_THAT(find(brisko), Optional(shared / "B.app"));
-
-        wait();
-        makeBundle(shared / "B.app", "org.orbanel.newer");
+        makeBundle(folder / "B.app", "org.orbanel.newer");
+        EXPECT_THAT(find(newer), Optional(folder / "B.app"));
         EXPECT_THAT(find(brisko), Eq(std::nullopt));
-        EXPECT_THAT(find(u"org.orbanel.newer"_s), Optional(shared / "B.app"));
 
-        wait();
-        std::filesystem::remove_all(shared / "B.app");
-        EXPECT_THAT(find(u"org.orbanel.newer"_s), Eq(std::nullopt));
+        std::filesystem::rename(folder, toPath(temporary.path()) / "elsewhere");
+        EXPECT_THAT(find(newer), Eq(std::nullopt));
+        std::filesystem::rename(toPath(temporary.path()) / "elsewhere", folder);
+        EXPECT_THAT(find(newer), Optional(folder / "B.app"));
+
+        std::filesystem::remove_all(folder / "B.app");
+        EXPECT_THAT(find(newer), Eq(std::nullopt));
     }
 }
 
 TEST_F(ApplicationRegistryTest, ABundleCopiedBitByBitShowsWhenItIsWhole)
 {
-    makeFolder(shared / "Brisko.app/Contents");
+    const auto link = u"org.orbanel.link"_s;
+    makeFolder(own);
     std::filesystem::create_directory_symlink(own / "elsewhere", shared / "Link.app");
-    settle();
     EXPECT_THAT(find(brisko), Eq(std::nullopt));
-
-    makeBundle(own / "elsewhere", briskoID);
-    EXPECT_THAT(find(brisko), Optional(shared / "Link.app"));
+    for (const Path part : {"Brisko.app", "Brisko.app/Contents"}) {
+        makeFolder(shared / part);
+        EXPECT_THAT(find(brisko), Eq(std::nullopt));
+    }
 
     makeBundle(shared / "Brisko.app", briskoID);
     EXPECT_THAT(find(brisko), Optional(shared / "Brisko.app"));
+
+    makeBundle(own / "elsewhere", "org.orbanel.link");
+    makeBundle(shared / "Brisko.app", "org.orbanel.newer");
+    EXPECT_THAT(find(link), Optional(shared / "Link.app"));
+    makeBundle(own / "elsewhere", briskoID);
+    EXPECT_THAT(find(link), Eq(std::nullopt));
+}
+
+TEST_F(ApplicationRegistryTest, OneLookKnowsEveryIdentifier)
+{
+    makeBundle(shared / "A.app", briskoID);
+    makeBundle(own / "Orbanel/B.app", "org.orbanel.kadrilo");
+    session::write(session::home() / "data/applications/org.orbanel.entry.desktop", "");
+
+    const auto known = registry.identifiers();
+    for (const auto& identifier : {brisko, u"org.orbanel.kadrilo"_s, u"org.orbanel.entry"_s})
+        EXPECT_TRUE(known.contains(identifier)) << identifier.toStdString();
+    EXPECT_FALSE(known.contains(u"org.orbanel.absent"_s));
 }
 
 TEST_F(ApplicationRegistryTest, ADesktopEntryCountsWhenItMayBeShownAndNoBundleIsThere)
 {
-    const std::string head = "[Desktop Entry]\nType=Application\nName=Brisko\nExec=sh\n";
+    const std::string nothing = "[Desktop Entry]\nType=Application\nName=Brisko\n";
+    const std::string head = nothing + "Exec=sh\n";
     const Path entries = session::home() / "data/applications";
     const Path entry = entries / (briskoID + ".desktop");
     session::write(entries / "folder/brisko.desktop", head);
@@ -126,9 +126,10 @@ TEST_F(ApplicationRegistryTest, ADesktopEntryCountsWhenItMayBeShownAndNoBundleIs
     EXPECT_THAT(find(brisko), Optional(entry));
     EXPECT_THAT(find(u"folder/brisko"_s), Eq(std::nullopt));
 
-    for (const std::string line : {"Hidden=true\n", "TryExec=/no/such/program\n"}) {
-        session::write(entry, head + line);
-        EXPECT_THAT(find(brisko), Eq(std::nullopt)) << line;
+    for (const auto& content : {head + "Hidden=true\n", head + "TryExec=/no/such/program\n", nothing,
+             nothing + "DBusActivatable=true\n", nothing + "Exec=\n"}) {
+        session::write(entry, content);
+        EXPECT_THAT(find(brisko), Eq(std::nullopt)) << content;
     }
 
     session::write(entry, head);
