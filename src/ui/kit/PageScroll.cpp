@@ -22,6 +22,12 @@ PageScroll::PageScroll(QWidget* parent) : QScrollArea(parent)
     floatBar();
 }
 
+PageScroll::~PageScroll()
+{
+    // What lies in the page loses the focus when it goes, which is later than this.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void PageScroll::setPage(QLayout* column)
 {
     auto* page = new QWidget;

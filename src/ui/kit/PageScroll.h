@@ -12,6 +12,7 @@ class PageScroll : public QScrollArea {
 
 public:
     explicit PageScroll(QWidget* parent = nullptr);
+    ~PageScroll() override;
 
     /// Replaces nothing: call once.
     void setPage(QLayout* column);
