@@ -11,8 +11,20 @@
 #include <string_view>
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
+
+/// Whatever is opened next would else take the place of a standard stream that is closed, and get what is
+/// written there. Writing keeps failing.
+void occupyStandardStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0)
+            open("/dev/null", O_RDONLY);
+    }
+}
 
 int selfTest(PosixBundles& bundles)
 {
@@ -39,6 +51,7 @@ int window(const Bundles& bundles, int argc, char* argv[])
 int main(int argc, char* argv[])
 {
     using namespace std::string_view_literals;
+    occupyStandardStreams();
     PosixBundles bundles;
     if (std::ranges::count(std::span(argv, std::size_t(argc)), "--self-test"sv) > 0)
         return selfTest(bundles);

@@ -55,6 +55,14 @@ struct DesktopPlatform {
     DesktopSavePanel savePanel{&QApplication::activeWindow};
 };
 
+/// What this bundle's processes know each other by.
+QString ownName()
+{
+    const PosixBundles bundles;
+    const Path bundle = bundles.mainResources().parent_path().parent_path();
+    return instanceName(bundles.bundleIdentifier(bundle).value_or(QString()), bundle);
+}
+
 /// The program speaks Russian wherever it runs, and so do the dialogs and menus that Qt brings.
 void speakRussian(QTranslator& translator)
 {
@@ -67,7 +75,7 @@ void speakRussian(QTranslator& translator)
 int PloviStoreMain::run(int argc, char* argv[])
 {
     QPointer<StoreWindow> window;
-    SingleInstance instance([&window] {
+    SingleInstance instance(ownName(), [&window] {
         if (window)
             window->raiseToFront();
     });

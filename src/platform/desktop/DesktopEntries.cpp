@@ -1,10 +1,12 @@
 #include "platform/desktop/DesktopEntries.h"
 
 #include "platform/desktop/ProgramEnvironment.h"
+#include "platform/desktop/SessionBus.h"
 
 #include <gio/gdesktopappinfo.h>
 
 #include <cerrno>
+#include <dlfcn.h>
 #include <filesystem>
 #include <memory>
 #include <unistd.h>
@@ -13,9 +15,36 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// GIO's functions. Loading it takes a thirtieth of the program's start, so it waits for the first desktop
+/// entry.
+struct Gio {
+    void* library = ::dlopen("libgio-2.0.so.0", RTLD_LAZY | RTLD_LOCAL);
+#define PLOVI_FUNCTION(name)                                                                                 \
+    decltype(::name)* name = reinterpret_cast<decltype(::name)*>(::dlsym(library, #name))
+    PLOVI_FUNCTION(g_app_info_get_commandline);
+    PLOVI_FUNCTION(g_app_info_launch_default_for_uri);
+    PLOVI_FUNCTION(g_app_launch_context_new);
+    PLOVI_FUNCTION(g_app_launch_context_unsetenv);
+    PLOVI_FUNCTION(g_bus_get_sync);
+    PLOVI_FUNCTION(g_dbus_connection_set_exit_on_close);
+    PLOVI_FUNCTION(g_desktop_app_info_get_is_hidden);
+    PLOVI_FUNCTION(g_desktop_app_info_launch_uris_as_manager);
+    PLOVI_FUNCTION(g_desktop_app_info_new_from_filename);
+    PLOVI_FUNCTION(g_error_free);
+    PLOVI_FUNCTION(g_object_unref);
+    PLOVI_FUNCTION(g_spawn_error_quark);
+#undef PLOVI_FUNCTION
+};
+
+const Gio& gio()
+{
+    static const Gio functions;
+    return functions;
+}
+
 struct Release {
-    void operator()(gpointer object) const { g_object_unref(object); }
-    void operator()(GError* error) const { g_error_free(error); }
+    void operator()(gpointer object) const { gio().g_object_unref(object); }
+    void operator()(GError* error) const { gio().g_error_free(error); }
 };
 
 using AppInfo = std::unique_ptr<GDesktopAppInfo, Release>;
@@ -26,26 +55,34 @@ using Error = std::unique_ptr<GError, Release>;
 /// there.
 AppInfo readEntry(const Path& file)
 {
-    AppInfo entry(g_desktop_app_info_new_from_filename(file.c_str()));
-    const char* const program = entry ? g_app_info_get_commandline(G_APP_INFO(entry.get())) : nullptr;
-    const bool isUsable = program && *program && !g_desktop_app_info_get_is_hidden(entry.get());
+    if (!gio().library)
+        return nullptr;
+    AppInfo entry(gio().g_desktop_app_info_new_from_filename(file.c_str()));
+    const char* const program =
+        entry ? gio().g_app_info_get_commandline(reinterpret_cast<GAppInfo*>(entry.get())) : nullptr;
+    const bool isUsable = program && *program && !gio().g_desktop_app_info_get_is_hidden(entry.get());
     return isUsable ? std::move(entry) : nullptr;
 }
 
 LaunchContext cleanContext()
 {
-    LaunchContext context(g_app_launch_context_new());
+    LaunchContext context(gio().g_app_launch_context_new());
     for (const auto& name : ownVariables())
-        g_app_launch_context_unsetenv(context.get(), name.c_str());
+        gio().g_app_launch_context_unsetenv(context.get(), name.c_str());
     return context;
 }
 
-/// GIO connects to the session bus for every launch, and by default ends the process when that bus goes away.
-void surviveTheBus()
+/// GIO connects to the session bus for every launch, would wait without end for one that does not answer, and
+/// by default ends the process when the bus goes away. False when there is no use in trying.
+bool joinBus()
 {
-    const std::unique_ptr<GDBusConnection, Release> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (!gio().library || probeSessionBus(std::chrono::seconds(1)) == SessionBus::Silent)
+        return false;
+    const std::unique_ptr<GDBusConnection, Release> bus(
+        gio().g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
     if (bus)
-        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+        gio().g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    return true;
 }
 
 void leaveSession(gpointer)
@@ -55,7 +92,7 @@ void leaveSession(gpointer)
 
 Failure failure(const GError& error)
 {
-    if (error.domain == G_SPAWN_ERROR) {
+    if (error.domain == gio().g_spawn_error_quark()) {
         switch (error.code) {
         case G_SPAWN_ERROR_NOENT:
             return {systemDomain, ENOENT, u"Программа, на которую указывает ярлык, не найдена."_s};
@@ -87,11 +124,12 @@ Result<void> openDesktopEntry(const Path& file)
         return tl::unexpected(Failure{u"GIO"_s, 0, u"Ярлык программы повреждён или отключён."_s});
     }
 
-    surviveTheBus();
+    if (!joinBus())
+        return tl::unexpected(Failure{systemDomain, ETIMEDOUT, u"Рабочий стол не отвечает."_s});
     const auto flags =
         GSpawnFlags(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
     GError* error = nullptr;
-    if (g_desktop_app_info_launch_uris_as_manager(entry.get(), nullptr, cleanContext().get(), flags,
+    if (gio().g_desktop_app_info_launch_uris_as_manager(entry.get(), nullptr, cleanContext().get(), flags,
             leaveSession, nullptr, nullptr, nullptr, &error))
         return {};
     return tl::unexpected(failure(*Error(error)));
@@ -99,6 +137,6 @@ Result<void> openDesktopEntry(const Path& file)
 
 void openWithDefaultProgram(const QString& address)
 {
-    surviveTheBus();
-    g_app_info_launch_default_for_uri(address.toUtf8().constData(), cleanContext().get(), nullptr);
+    if (joinBus())
+        gio().g_app_info_launch_default_for_uri(address.toUtf8().constData(), cleanContext().get(), nullptr);
 }

@@ -7,9 +7,9 @@
 /// program is there. Any thread.
 bool isUsableDesktopEntry(const Path& file);
 
-/// Opens the application of a desktop entry. May wait for the disk and for the session bus. Any thread.
+/// Opens the application of a desktop entry. Waits for the disk, and some seconds for a session bus that does
+/// not answer. Any thread.
 Result<void> openDesktopEntry(const Path& file);
 
-/// Opens an address (any scheme) with the user's program for it. May wait like `openDesktopEntry`. Any
-/// thread.
+/// Opens an address (any scheme) with the user's program for it. Waits like `openDesktopEntry`. Any thread.
 void openWithDefaultProgram(const QString& address);

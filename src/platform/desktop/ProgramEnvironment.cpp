@@ -1,5 +1,7 @@
 #include "platform/desktop/ProgramEnvironment.h"
 
+#include "platform/desktop/SessionBus.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -41,14 +43,18 @@ constexpr auto ownNames = std::to_array<std::string_view>({
 /// Libraries chosen for this program, and the loader's settings for it.
 constexpr std::string_view loaderPrefix = "LD_";
 
-bool isOwn(std::string_view name)
-{
-    return name.starts_with(loaderPrefix) || std::ranges::find(ownNames, name) != ownNames.end();
-}
-
 std::string_view nameOf(std::string_view variable)
 {
     return variable.substr(0, variable.find('='));
+}
+
+bool isOwn(std::string_view variable)
+{
+    const auto name = nameOf(variable);
+    return name.starts_with(loaderPrefix)
+        || std::ranges::find(ownNames, name) != ownNames.end()
+        // Set where the user has no bus, to keep one from being started.
+        || variable == std::string(addressVariable) + '=' + noAddress;
 }
 
 } // namespace
@@ -57,7 +63,7 @@ std::vector<std::string> ownVariables()
 {
     std::vector<std::string> names;
     for (char** variable = environ; *variable; ++variable) {
-        if (isOwn(nameOf(*variable)))
+        if (isOwn(*variable))
             names.emplace_back(nameOf(*variable));
     }
     return names;
@@ -67,7 +73,7 @@ std::vector<std::string> programEnvironment()
 {
     std::vector<std::string> variables;
     for (char** variable = environ; *variable; ++variable) {
-        if (!isOwn(nameOf(*variable)))
+        if (!isOwn(*variable))
             variables.emplace_back(*variable);
     }
     return variables;

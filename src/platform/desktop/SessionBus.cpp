@@ -17,7 +17,7 @@ namespace {
 
 QByteArray busAddress()
 {
-    if (auto address = qgetenv("DBUS_SESSION_BUS_ADDRESS"); !address.isEmpty())
+    if (auto address = qgetenv(addressVariable); !address.isEmpty())
         return address;
     const auto socket = qgetenv("XDG_RUNTIME_DIR") + "/bus";
     return QFile::exists(QString::fromUtf8(socket)) ? "unix:path=" + socket.toPercentEncoding("/")
@@ -81,7 +81,7 @@ private:
 SessionBus probeSessionBus(std::chrono::milliseconds patience)
 {
     const auto address = busAddress();
-    if (address.isEmpty())
+    if (address.isEmpty() || address == noAddress)
         return SessionBus::Absent;
     const auto name = socketName(address);
     if (name.isEmpty())

@@ -2,6 +2,10 @@
 
 #include <chrono>
 
+/// Names the session bus, and the address that stands for no bus at all.
+inline constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+inline constexpr const char* noAddress = "disabled:";
+
 /// How the session bus is to be had.
 enum class SessionBus {
     /// Nothing listens.

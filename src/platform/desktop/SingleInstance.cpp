@@ -2,6 +2,7 @@
 
 #include "platform/desktop/SessionBus.h"
 
+#include <QCryptographicHash>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QVariantMap>
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1StringView serviceName("org.orbanel.PloviStore");
 constexpr QLatin1StringView objectPath("/org/orbanel/PloviStore");
 constexpr QLatin1StringView interfaceName("org.freedesktop.Application");
 
@@ -23,12 +23,24 @@ constexpr uint nameExists = 3;
 
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
 
-uint requestName(const QDBusConnection& bus, int patience)
+uint requestName(const QDBusConnection& bus, const QString& name, int patience)
 {
     auto request = QDBusMessage::createMethodCall(
         u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"RequestName"_s);
-    request << QString(serviceName) << doNotQueue;
+    request << name << doNotQueue;
     return bus.call(request, QDBus::Block, patience).arguments().value(0).toUInt();
+}
+
+/// Lets Qt try once in vain: it remembers that there is no bus. An address of the user's is left for the
+/// programs that are started from here; where there is none, what stands in for it keeps a bus from being
+/// started later.
+void doWithoutBus()
+{
+    const QByteArray own = qgetenv(addressVariable);
+    qputenv(addressVariable, noAddress);
+    QDBusConnection::sessionBus();
+    if (!own.isEmpty())
+        qputenv(addressVariable, own);
 }
 
 /// What lets the other process bring its window to the front in our stead.
@@ -42,15 +54,22 @@ QVariantMap platformData()
     return data;
 }
 
-bool activateOther(const QDBusConnection& bus, int patience)
+bool activateOther(const QDBusConnection& bus, const QString& name, int patience)
 {
-    auto request = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, u"Activate"_s);
+    auto request = QDBusMessage::createMethodCall(name, objectPath, interfaceName, u"Activate"_s);
     request << platformData();
     request.setAutoStartService(false);
     return bus.call(request, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace
+
+QString instanceName(const QString& identifier, const Path& place)
+{
+    const QByteArray bundle = identifier.toUtf8() + '\0' + QByteArray::fromStdString(place.native());
+    return u"org.orbanel.PloviStore.x"_s
+        + QString::fromLatin1(QCryptographicHash::hash(bundle, QCryptographicHash::Sha1).toHex());
+}
 
 class SingleInstance::Application final : public QObject {
     Q_OBJECT
@@ -72,8 +91,10 @@ private:
     std::function<void()> m_raise;
 };
 
-SingleInstance::SingleInstance(std::function<void()> raise, std::chrono::milliseconds patience)
-    : m_patience(patience), m_application(std::make_unique<Application>(std::move(raise)))
+SingleInstance::SingleInstance(QString name, std::function<void()> raise, std::chrono::milliseconds patience)
+    : m_name(std::move(name))
+    , m_patience(patience)
+    , m_application(std::make_unique<Application>(std::move(raise)))
 {
 }
 
@@ -81,21 +102,20 @@ SingleInstance::~SingleInstance() = default;
 
 SingleInstance::Role SingleInstance::claim()
 {
-    const auto state = probeSessionBus(m_patience);
-    if (state == SessionBus::Silent)
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-    if (state != SessionBus::Answers)
+    if (probeSessionBus(m_patience) != SessionBus::Answers) {
+        doWithoutBus();
         return Role::Alone;
+    }
 
     auto bus = QDBusConnection::sessionBus();
     const int patience = int(m_patience.count());
     // Before the name: whoever finds it owned calls the object at once.
     bus.registerObject(objectPath, m_application.get(), QDBusConnection::ExportAllSlots);
-    switch (requestName(bus, patience)) {
+    switch (requestName(bus, m_name, patience)) {
     case primaryOwner:
         return Role::First;
     case nameExists:
-        return activateOther(bus, patience) ? Role::Second : Role::Alone;
+        return activateOther(bus, m_name, patience) ? Role::Second : Role::Alone;
     default:
         return Role::Alone;
     }

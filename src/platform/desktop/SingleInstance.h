@@ -1,10 +1,16 @@
 #pragma once
 
+#include "platform/Path.h"
+
 #include <QObject>
 
 #include <chrono>
 #include <functional>
 #include <memory>
+
+/// What the processes of one bundle are known by on the session bus. Another bundle, or a copy at another
+/// place, has another name. `place` is its real path.
+QString instanceName(const QString& identifier, const Path& place);
 
 /// Keeps a second start of the program from opening a second window: the first process owns the program's
 /// name on the session bus and answers to `org.freedesktop.Application` (freedesktop.org, D-Bus activation).
@@ -21,20 +27,21 @@ public:
     };
 
     /// Nobody is waited for longer than `patience` at each of at most four steps.
-    explicit SingleInstance(
-        std::function<void()> raise, std::chrono::milliseconds patience = std::chrono::seconds(2));
+    SingleInstance(QString name, std::function<void()> raise,
+        std::chrono::milliseconds patience = std::chrono::seconds(2));
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
-    /// Call once, before there is an application object: Qt joins the bus when that is made, and would wait
-    /// without end for a bus that does not answer. Such a bus is taken out of this process's environment
+    /// Call once, before there is an application object: Qt joins the bus when that is made, would wait
+    /// without end for a bus that does not answer, and start one where there is none. It is kept from both
     /// here.
     Role claim();
 
 private:
     class Application;
 
+    QString m_name;
     std::chrono::milliseconds m_patience;
     std::unique_ptr<Application> m_application;
 };

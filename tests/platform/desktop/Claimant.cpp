@@ -1,3 +1,5 @@
+#include "platform/desktop/ProgramEnvironment.h"
+#include "platform/desktop/SessionBus.h"
 #include "platform/desktop/SingleInstance.h"
 
 #include <QCoreApplication>
@@ -15,10 +17,12 @@ void say(const char* text)
 
 } // namespace
 
-/// Starts as the program does, says which role it got, and in the first role waits to be raised once.
+/// Starts as the program of the bundle at its argument does, says which role it got, and in the first role
+/// waits to be raised once; alone, it says what bus a program that it started would use.
 int main(int argumentCount, char** arguments)
 {
     SingleInstance instance(
+        instanceName(QStringLiteral("org.orbanel.test"), arguments[1]),
         [] {
             say(qgetenv("XDG_ACTIVATION_TOKEN").constData());
             QCoreApplication::quit();
@@ -37,6 +41,11 @@ int main(int argumentCount, char** arguments)
         // What Qt itself does on many desktops while it starts.
         QDBusConnection::sessionBus();
         say("alone");
+        for (const std::string& variable : programEnvironment()) {
+            if (variable.starts_with(addressVariable))
+                say(variable.c_str());
+        }
+        say("no more");
         break;
     }
     return 0;

@@ -4,11 +4,8 @@
 #include <QProcess>
 
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 
 #include <csignal>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,11 +14,12 @@ namespace {
 /// Another start of the program.
 class Start : public QProcess {
 public:
-    explicit Start(const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+    explicit Start(const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
+        const QString& place = u"/Applications/PloviStore.app"_s)
     {
         setProcessChannelMode(ForwardedErrorChannel);
         setProcessEnvironment(environment);
-        start(QStringLiteral(CLAIMANT), {});
+        start(QStringLiteral(CLAIMANT), {place});
     }
     ~Start() override
     {
@@ -45,11 +43,13 @@ QProcessEnvironment with(const QString& name, const QString& value)
 
 } // namespace
 
-TEST(SingleInstance, ASecondStartRaisesTheFirstAndHandsItsTokenOver)
+TEST(SingleInstance, ASecondStartOfOneBundleRaisesTheFirstAndHandsItsTokenOver)
 {
     Start first;
     ASSERT_EQ(first.nextLine(), "first");
 
+    Start elsewhere(with({}, {}), u"/opt/PloviStore.app"_s);
+    EXPECT_EQ(elsewhere.nextLine(), "first");
     Start second(with(u"XDG_ACTIVATION_TOKEN"_s, u"token-of-the-click"_s));
 
     EXPECT_EQ(second.nextLine(), "second");
@@ -67,18 +67,16 @@ TEST(SingleInstance, AFirstProcessThatHangsDoesNotKeepTheProgramShut)
     EXPECT_EQ(second.nextLine(), "alone");
 }
 
-TEST(SingleInstance, WithoutABusThatAnswersItRunsAlone)
+TEST(SingleInstance, WithoutABusThatAnswersItRunsAloneAndWhatItStartsHasTheUsersOwn)
 {
-    const Path socketFile = session::home() / "silent";
-    sockaddr_un name{AF_UNIX, {}};
-    socketFile.string().copy(name.sun_path, sizeof name.sun_path - 1);
-    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    ASSERT_EQ(::bind(listener, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
-    ::listen(listener, 8);
-
-    for (const auto& socket : {toText(socketFile), u"/no/such/socket"_s}) {
-        Start start(with(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + socket));
-        EXPECT_EQ(start.nextLine(), "alone") << socket.toStdString();
+    EXPECT_NE(instanceName(u"a"_s, "/b"), instanceName(u"b"_s, "/b"));
+    const session::SilentBus silent;
+    for (const auto& address : {silent.address(), QByteArray("unix:path=/no/such/socket")}) {
+        Start start(with(u"DBUS_SESSION_BUS_ADDRESS"_s, QString::fromUtf8(address)));
+        EXPECT_EQ(start.nextLine(), "alone");
+        EXPECT_EQ(start.nextLine(), "DBUS_SESSION_BUS_ADDRESS=" + address);
     }
-    ::close(listener);
+    Start start(with(u"DBUS_SESSION_BUS_ADDRESS"_s, {}));
+    EXPECT_EQ(start.nextLine(), "alone");
+    EXPECT_EQ(start.nextLine(), "no more");
 }

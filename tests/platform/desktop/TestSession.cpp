@@ -5,12 +5,15 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 
 #include <filesystem>
 #include <fstream>
 #include <optional>
 #include <sstream>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -105,4 +108,23 @@ void session::writeProgram(const Path& bundle, const std::string& name, const st
     const Path program = makeFolder(bundle / "Contents/MacOS") / name;
     write(program, content);
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+}
+
+session::SilentBus::SilentBus() : m_listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+{
+    sockaddr_un name{AF_UNIX, {}};
+    (home() / "silent").string().copy(name.sun_path, sizeof name.sun_path - 1);
+    EXPECT_EQ(::bind(m_listener, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
+    ::listen(m_listener, 8);
+}
+
+session::SilentBus::~SilentBus()
+{
+    ::close(m_listener);
+    std::filesystem::remove(home() / "silent");
+}
+
+QByteArray session::SilentBus::address() const
+{
+    return QByteArray("unix:path=") + (home() / "silent").c_str();
 }

@@ -2,6 +2,8 @@
 
 #include "platform/Path.h"
 
+#include <QByteArray>
+
 #include <string>
 
 /// While the test program runs, its home folder and XDG folders are temporary, the session bus is its own,
@@ -20,5 +22,19 @@ void write(const Path& file, const std::string& content);
 Path makeBundle(const Path& bundle, const std::string& identifier);
 /// A bundle's program.
 void writeProgram(const Path& bundle, const std::string& name, const std::string& content);
+
+/// A session bus that takes connections and never answers.
+class SilentBus {
+public:
+    SilentBus();
+    ~SilentBus();
+    SilentBus(const SilentBus&) = delete;
+    SilentBus& operator=(const SilentBus&) = delete;
+
+    QByteArray address() const;
+
+private:
+    int m_listener;
+};
 
 } // namespace session
