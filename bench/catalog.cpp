@@ -4,8 +4,10 @@
 #include "catalog/CodingKeys.h"
 #include "platform/Platform.h"
 #include "platform/desktop/ApplicationRegistry.h"
+#include "platform/desktop/DesktopWorkspace.h"
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixUserFolders.h"
 #include "store/Store.h"
 #include "ui/model/ViewState.h"
 
@@ -53,7 +55,10 @@ struct SampleStore {
     SampleBundle bundle;
     PosixBundles bundles;
     PosixFiles files;
-    PlatformScope scope{Platform{.bundles = &bundles, .files = &files}};
+    PosixUserFolders userFolders;
+    DesktopWorkspace workspace;
+    PlatformScope scope{
+        Platform{.bundles = &bundles, .files = &files, .userFolders = &userFolders, .workspace = &workspace}};
 };
 
 ViewState searching()
@@ -88,6 +93,17 @@ void firstSearch(benchmark::State& state)
         }
         state.ResumeTiming();
     }
+}
+
+/// The list of installed applications, of which there is none.
+void installed(benchmark::State& state)
+{
+    const SampleStore sample(int(state.range()));
+    const Store store;
+    ViewState view;
+    view.section = section_title::installed.toString();
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(filtered(view, store));
 }
 
 /// A folder with so many applications.
@@ -138,6 +154,7 @@ BENCHMARK(decode)->Arg(4)->Arg(1000)->Arg(20000);
 BENCHMARK(parse)->Arg(4)->Arg(1000)->Arg(20000);
 BENCHMARK(search)->Arg(4)->Arg(1000)->Arg(20000);
 BENCHMARK(firstSearch)->Arg(4)->Arg(1000)->Arg(20000);
+BENCHMARK(installed)->Arg(4)->Arg(1000)->Arg(20000);
 BENCHMARK(lookUpHit);
 BENCHMARK(lookUpMiss);
 BENCHMARK_MAIN();
