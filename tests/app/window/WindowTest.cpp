@@ -82,7 +82,10 @@ protected:
     }
     Step press(const QString& name) const
     {
-        return [this, name] { ASSERT_TRUE(button(name)), button(name)->click(); };
+        return [this, name] {
+            ASSERT_TRUE(button(name)) << name.toStdString();
+            button(name)->click();
+        };
     }
     Step choose(Command command) const
     {
@@ -120,6 +123,7 @@ TEST_F(WindowTest, ASaveIsFinishedBeforeTheEndWhoeverAsksForIt)
     platform.files.content[brisko.packageURL()] = "archive of Brisko";
     for (const Step& end : {choose(Command::Quit), choose(Command::Close), Step(&QApplication::quit)}) {
         platform.files.content.erase(destination);
+        begin();
         run({save, end, [this] { EXPECT_FALSE(window->isVisible()); }, finish});
         EXPECT_EQ(platform.files.content[destination], "archive of Brisko");
     }
