@@ -60,13 +60,9 @@ TEST_F(BundleFolder, AListOfEitherFormIsReadWhateverElseItHolds)
     EXPECT_EQ(readBundleInfo(bundle(complete)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
 
     // Beside both texts, lists of lists: each refers twice to the next.
-    QByteArrayList objects{QByteArray::fromHex("d3010304020506"), identifierKey,
-        "\x53"
-        "a.b",
-        QByteArray::fromHex("5f110012") + "CFBundleExecutable",
-        "\x54"
-        "many",
-        QByteArray::fromHex("66") + QByteArray::fromHex("0411044004380441043a043e")};
+    QByteArrayList objects{QByteArray::fromHex("d3010304020506"), identifierKey, "Sa.b",
+        QByteArray::fromHex("5f110012") + "CFBundleExecutable", "Tmany",
+        QByteArray::fromHex("660411044004380441043a043e")};
     for (char next = 7; next < 100; ++next)
         objects.append(QByteArray(1, '\xa2') + next + next);
     objects.append("\xa0");
@@ -95,9 +91,9 @@ TEST_F(BundleFolder, WhatIsNoBundleHasNoIdentifier)
 TEST_F(BundleFolder, AListWithoutAnIdentifierNamesNone)
 {
     const PosixBundles bundles;
-    const QByteArray text = "\x53"
-                            "a.b";
-
+    const auto keyAnd = [](const QByteArray& marker, const QByteArray& value) {
+        return binaryList({QByteArray::fromHex(marker), identifierKey, QByteArray::fromHex(value)});
+    };
     for (const auto& list : {QByteArray(), QByteArray("text"), xmlList(""), complete.left(120),
              complete.chopped(20), xmlList("<key>CFBundleIdentifier</key><integer>1</integer>"),
              xmlList("<key>CFBundleIdentifier</key><string></string>"),
@@ -106,12 +102,9 @@ TEST_F(BundleFolder, AListWithoutAnIdentifierNamesNone)
              xmlList("<key>Deep</key>" + QByteArray("<array>").repeated(65)
                  + QByteArray("</array>").repeated(65) + identifier),
              "<!DOCTYPE plist [<!ENTITY a \"b\">]>" + complete.mid(38), "<list>" + complete.mid(58),
-             binaryList({QByteArray::fromHex("a101"), identifierKey}), binaryList({text}), binaryList({}),
-             binaryList({QByteArray::fromHex("d10102"), identifierKey}),
-             binaryList({QByteArray::fromHex("d10102"), identifierKey, QByteArray::fromHex("09")}),
-             binaryList(
-                 {QByteArray::fromHex("d10102"), identifierKey, QByteArray::fromHex("5f1300000000ffffffff")}),
-             binaryList({QByteArray::fromHex("df13ffffffffffffffff0102"), identifierKey, text})})
+             binaryList({"Sa.b"}), binaryList({}), keyAnd("a101", ""), keyAnd("d10103", ""),
+             keyAnd("d10102", "09"), keyAnd("d10102", "5f1300000000ffffffff"),
+             keyAnd("df13ffffffffffffffff0102", "5161")})
         EXPECT_FALSE(bundles.bundleIdentifier(bundle(list))) << list.left(120).toStdString();
 }
 
