@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+#include <openssl/crypto.h>
 #include <openssl/evp.h>
 
 #include <array>
@@ -25,6 +26,8 @@ struct Algorithm {
 
 const EVP_MD* algorithm()
 {
+    // Without this the first digest reads the machine's configuration all the same, only to leave it aside.
+    OPENSSL_init_crypto(OPENSSL_INIT_NO_LOAD_CONFIG, nullptr);
     static const Algorithm algorithm;
     return algorithm.digest.get();
 }

@@ -4,11 +4,13 @@
 #include "platform/posix/FileDescriptor.h"
 
 #include <sys/mman.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <future>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -44,6 +46,16 @@ private:
     std::size_t m_size;
     void* m_start;
 };
+
+// The system makes pages that are about to be filled for less in one go than one by one. Older systems know
+// no such wish, and do without.
+void makePages(std::span<std::byte> memory)
+{
+    void* start = memory.data();
+    std::size_t size = memory.size();
+    if (std::align(std::size_t(sysconf(_SC_PAGESIZE)), 1, start, size))
+        madvise(start, size, MADV_POPULATE_WRITE);
+}
 
 /// Fills `room` as far as the file reaches, and hands each piece to `sink` while it is fresh.
 Result<std::size_t> readThrough(
@@ -85,7 +97,9 @@ try {
     if (!opened)
         return tl::unexpected(opened.error());
     QByteArray content(qsizetype(opened->size), Qt::Uninitialized);
-    return opened->descriptor.read(std::as_writable_bytes(std::span(content))).map([&](std::size_t count) {
+    const auto room = std::as_writable_bytes(std::span(content));
+    makePages(room);
+    return opened->descriptor.read(room).map([&](std::size_t count) {
         content.truncate(qsizetype(count));
         return std::move(content);
     });
