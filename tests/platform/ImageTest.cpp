@@ -16,7 +16,6 @@ using std::filesystem::directory_iterator;
 
 constexpr std::uint32_t red = 0xFFFF0000;
 constexpr std::uint32_t green = 0xFF00FF00;
-constexpr std::uint32_t blue = 0x800000FF;
 
 const std::filesystem::path pictures = PLOVI_PICTURES;
 
@@ -83,9 +82,8 @@ File iconSet(std::initializer_list<std::pair<File, File>> entries)
 
 TEST(Image, PicturesOfEveryKindAreRead)
 {
-    const Image image = colourful(37, 21);
-    for (const File& file : {png(image), fixture("colourful.jp2"), fixture("colourful.j2k")})
-        EXPECT_EQ(decode(file), image);
+    for (const File& file : {png(colourful(37, 21)), fixture("colourful.jp2"), fixture("colourful.j2k")})
+        EXPECT_EQ(decode(file), colourful(37, 21));
 
     // The second row: the samples count down, from 247, in the second component, and up by four in the
     // others.
@@ -102,12 +100,13 @@ TEST(Image, Jpeg2000IsDecodedAtTheSizeThatIsAskedFor)
 
     // Its many bit planes take too long at its own size.
     EXPECT_EQ(decode(fixture("dear-512.j2k"), 512).value().width, 256);
+    EXPECT_EQ(decode(fixture("irreversible-512.j2k"), 512).value().width, 512);
 }
 
 TEST(Image, WhatTakesTooLongOrTooMuchMemoryIsRefusedByItsHeaders)
 {
-    EXPECT_TRUE(decode(fixture("modest.j2k")) && decode(fixture("late-comment.j2k")));
-    EXPECT_NE(directory_iterator(pictures / "refused"), directory_iterator());
+    for (const auto& entry : directory_iterator(pictures / "accepted"))
+        EXPECT_TRUE(decode(fixture(entry.path()))) << entry.path();
     for (const auto& entry : directory_iterator(pictures / "refused"))
         EXPECT_EQ(decode(fixture(entry.path()), 1024), std::nullopt) << entry.path();
 
@@ -127,7 +126,7 @@ TEST(Image, WhatIsTriedOfASetIsAddedUp)
 TEST(IconSet, TheSmallestSufficientPictureIsChosen)
 {
     const File set = iconSet({{"TOC ", hex("69636e7600000010")}, {"ic07", fixture("red-128.jp2")},
-        {"xxxx", png(plain(32, 20, green))}, {"icp4", png(plain(16, 16, blue))}});
+        {"xxxx", png(plain(32, 20, green))}, {"icp4", png(plain(16, 16, green))}});
 
     for (const auto& [edge, width] : {std::pair{-1, 16}, {16, 16}, {17, 32}, {33, 64}, {1000, 128}})
         EXPECT_EQ(decode(set, edge)->width, width) << edge;
@@ -147,9 +146,9 @@ TEST(IconSet, PackedPicturesAreRead)
     // Two runs of 130 and 126 for red and for blue; for green 128 samples as they are and a run as long.
     const File planes = hex("ff10fb107f") + File(128, '\x20') + hex("fd20ff30fb30");
     const File argb = hex("41524742ff80fb80ff10fb10ff20fb20ff30fb30");
-
     EXPECT_EQ(decode(iconSet({{"is32", planes}, {"s8mk", File(256, '\x80')}})), plain(16, 16, 0x80102030));
     EXPECT_EQ(decode(iconSet({{"is32", planes}})), plain(16, 16, 0xFF102030));
+    EXPECT_EQ(decode(iconSet({{"is32", hex("102030").repeated(256)}})), plain(16, 16, 0xFF102030));
     EXPECT_EQ(decode(iconSet({{"is32", hex("ff10fb10")}})), std::nullopt);
     EXPECT_EQ(decode(iconSet({{"ic04", argb}})), plain(16, 16, 0x80102030));
     EXPECT_EQ(decode(iconSet({{"ic05", argb}})), std::nullopt);

@@ -195,11 +195,11 @@ private:
         const Bytes head = nextSegment();
         if (head.size() != headSize - 4)
             return false;
-        const std::size_t length = bigEndian32(head, 2);
-        if (length != 0 && length < headSize + 2)
-            return false;
 
-        const std::size_t size = length == 0 ? m_rest.size() : std::min(length - headSize, m_rest.size());
+        // No length stands for all that is left. One that is too short ends the decoding.
+        const std::size_t length = bigEndian32(head, 2);
+        const std::size_t size =
+            length < headSize ? m_rest.size() : std::min(length - headSize, m_rest.size());
         const Bytes behind = m_rest.subspan(size);
         m_rest = m_rest.first(size);
         for (std::uint32_t type = nextMarker(); type != marker::startOfData; type = nextMarker()) {
@@ -232,7 +232,7 @@ Effort Codestream::effort(int halvings) const
     const double tileComponents = double(tiles) * components;
     const double allBlocks = tileComponents * blocks;
     const double allPrecincts = tileComponents * (mostHalvings + 1) * precincts;
-    const double packets = allPrecincts * (layers + 1);
+    const double packets = allPrecincts * layers;
     const double pixels =
         std::ceil(std::ldexp(size.width, -halvings)) * std::ceil(std::ldexp(size.height, -halvings));
     const double samples = pixels * components;
