@@ -19,8 +19,10 @@ namespace {
 /// entry.
 struct Gio {
     void* library = ::dlopen("libgio-2.0.so.0", RTLD_LAZY | RTLD_LOCAL);
+// NOLINTBEGIN(bugprone-macro-parentheses): it declares a member of the function's own name.
 #define PLOVI_FUNCTION(name)                                                                                 \
     decltype(::name)* name = reinterpret_cast<decltype(::name)*>(::dlsym(library, #name))
+    // NOLINTEND(bugprone-macro-parentheses)
     PLOVI_FUNCTION(g_app_info_get_commandline);
     PLOVI_FUNCTION(g_app_info_launch_default_for_uri);
     PLOVI_FUNCTION(g_app_launch_context_new);
