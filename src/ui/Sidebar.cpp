@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QSignalBlocker>
 #include <QStyle>
 
 #include <algorithm>
@@ -76,11 +75,7 @@ void Sidebar::present(const SidebarContent& content)
     m_brandName->setText(content.brandName);
     m_search->setPlaceholderText(content.searchPlaceholder);
     m_search->setAccessibleName(content.searchPlaceholder);
-    // The same text again would move the caret to its end.
-    if (m_search->text() != content.search) {
-        const QSignalBlocker nobodyTyped(m_search);
-        m_search->setText(content.search);
-    }
+    m_search->present(content.search);
     for (std::size_t index = 0; index < m_sections.size(); ++index)
         m_sections[index]->present(content.sections[index]);
     m_maker->setText(content.maker);

@@ -97,9 +97,9 @@ int PloviStoreMain::run(int argc, char* argv[])
     QApplication::setApplicationName(u"PloviStore"_s);
     QApplication::setApplicationVersion(QStringLiteral(PLOVI_VERSION));
     QApplication::setDesktopFileName(u"org.orbanel.PloviStore"_s);
-    Style::applyTo(application);
     QTranslator translator;
     speakRussian(translator);
+    Style::applyTo(application);
     const DesktopPlatform platform;
 
     PloviStoreMain program;

@@ -6,6 +6,9 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -31,6 +34,8 @@ public:
 /// The focus goes where a press is, so that whoever takes it can give it back.
 void press(PlainButton& button)
 {
+    if (isCovered(button))
+        return;
     button.setFocus(Qt::OtherFocusReason);
     button.click();
 }
@@ -63,17 +68,21 @@ public:
 
     QStringList actionNames() const override
     {
-        return button().isEnabled() ? QStringList{pressAction(), setFocusAction()} : QStringList();
+        const bool answers = button().isEnabled() && !isCovered(button());
+        return answers ? QStringList{pressAction(), setFocusAction()} : QStringList();
     }
 
     void doAction(const QString& name) override
     {
-        if (name == pressAction())
-            // Later: a press may open a panel, and the screen reader waits for the answer of this call.
-            QMetaObject::invokeMethod(
-                &button(), [pressed = &button()] { press(*pressed); }, Qt::QueuedConnection);
-        else
+        if (isCovered(button()))
+            return;
+        if (name != pressAction()) {
             QAccessibleWidget::doAction(name);
+            return;
+        }
+        // Later: a press may open a panel, and the screen reader waits for the answer of this call.
+        QMetaObject::invokeMethod(
+            &button(), [pressed = &button()] { press(*pressed); }, Qt::QueuedConnection);
     }
 
     int childCount() const override { return 0; }
@@ -127,6 +136,16 @@ QAccessibleInterface* makeNode(const QString&, QObject* object)
 }
 
 } // namespace
+
+bool isCovered(const QWidget& widget)
+{
+    const QWidget* const dialog = QApplication::activeModalWidget();
+    const auto sheets = widget.window()->findChildren<const MessageSheet*>();
+    return (dialog && dialog != widget.window())
+        || std::ranges::any_of(sheets, [&widget](const MessageSheet* sheet) {
+               return sheet->isVisible() && !sheet->isAncestorOf(&widget);
+           });
+}
 
 void makeDecorative(QWidget& widget)
 {

@@ -41,7 +41,7 @@ int KitStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_MenuBarVMargin:
         return Style::menuBarMarginY;
     case PM_MenuBarItemSpacing:
-        return Style::menuBarSpacing;
+        return 0;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -65,11 +65,23 @@ QIcon KitStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, co
 QSize KitStyle::sizeFromContents(
     ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const
 {
-    QSize size = contents;
     const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (type == CT_MenuBarItem && item)
-        size.setWidth(QFontMetrics(item->font).horizontalAdvance(item->text));
-    return QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type != CT_MenuBarItem || !item)
+        return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const int text = QFontMetrics(item->font).horizontalAdvance(item->text);
+    return {text + 2 * Style::menuTitleMargin, Style::menuBarHeight - 2 * Style::menuBarMarginY};
+}
+
+void KitStyle::drawPrimitive(
+    PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
+{
+    if (element != PE_PanelTipLabel) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    painter->fillRect(option->rect, Style::dialog());
+    painter->setPen(QPen(Style::divider(), 1));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
 }
 
 void KitStyle::drawControl(

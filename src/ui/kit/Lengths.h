@@ -20,13 +20,13 @@ inline constexpr Length hairline{1};
 /// Symbols are measured by their square, about so many times the font size that they are named with.
 inline constexpr qreal symbolPerFont = 1.15;
 inline constexpr Length symbolGap{5};
-inline constexpr Length menuBarMarginX{8}, menuBarMarginY{3}, menuBarSpacing{4};
+inline constexpr Length menuBarHeight{28}, menuBarMarginX{6}, menuBarMarginY{3}, menuTitleMargin{10};
 
 inline constexpr Length pageMargin{24}, pageMaxWidth{1300}, scrollStep{22};
 
 inline constexpr Length buttonHeight{30}, buttonMargin{16}, buttonCorner{7}, plainCorner{7};
 inline constexpr Length focusRing{2}, focusGap{2}, bleed{8};
-inline constexpr Length fieldHeight{28}, fieldMargin{10}, fieldCorner{6};
+inline constexpr Length fieldHeight{28}, fieldMargin{10}, fieldCorner{6}, clearSymbol{12};
 inline constexpr Length spinner{16}, scrollBar{10};
 inline constexpr Length sheetWidth{420}, sheetMargin{22}, sheetCorner{12}, sheetExtra{4}, sheetShadow{30};
 inline constexpr Length sheetTextTop{12}, sheetButtonTop{18};

@@ -42,6 +42,8 @@ MessageSheet::MessageSheet(QWidget* window)
 void MessageSheet::present(const QString& title, const QString& text, const QString& buttonTitle)
 {
     const bool appears = isHidden();
+    if (!appears && title == accessibleName() && text == accessibleDescription())
+        return;
     m_title->setText(title);
     m_text->present(text);
     m_button->setText(buttonTitle);

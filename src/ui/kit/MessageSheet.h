@@ -16,7 +16,8 @@ public:
     /// Hidden until presented; covers `window` whatever its size becomes.
     explicit MessageSheet(QWidget* window);
 
-    /// Shows the sheet, or only changes its texts where it is shown already. The focus goes to the button.
+    /// Shows the sheet, or only changes its texts where it is shown already; the same again changes nothing,
+    /// and is not announced again. The focus goes to the button.
     void present(const QString& title, const QString& text, const QString& buttonTitle);
 
     /// Hides the sheet and gives the focus back to whoever had it. Without a sheet shown, nothing happens.

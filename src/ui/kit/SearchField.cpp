@@ -2,22 +2,72 @@
 
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
+#include "ui/kit/SymbolButton.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
+#include <QStyle>
 
-SearchField::SearchField(const QString& placeholder, QWidget* parent) : QLineEdit(parent)
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What a line edit leaves beside its text by itself.
+constexpr int lineEditMargin = 2;
+
+} // namespace
+
+SearchField::SearchField(const QString& placeholder, QWidget* parent)
+    : QLineEdit(parent)
+    , m_clear(new SymbolButton(u"xmark"_s, Style::clearSymbol, Style::secondaryText(), this))
 {
-    constexpr int lineEditMargin = 2;
-    const int margin = Style::fieldMargin - lineEditMargin;
     setFrame(false);
-    setTextMargins(margin, 0, margin, 0);
+    const int bleed = (Style::fieldHeight - Style::clearSymbol) / 2;
+    m_clear->setContentsMargins(bleed, bleed, bleed, bleed);
+    m_clear->setAccessibleName(u"Очистить"_s);
+    m_clear->setToolTip(m_clear->accessibleName());
+    m_clear->setCursor(Qt::ArrowCursor);
+    m_clear->setFocusPolicy(Qt::TabFocus);
+    m_clear->hide();
+    connect(this, &QLineEdit::textChanged, this, &SearchField::placeClear);
+    connect(m_clear, &QAbstractButton::clicked, this, [this] {
+        clear();
+        setFocus();
+    });
     setFont(Style::font(Style::field));
     QPalette colors = palette();
     colors.setColor(QPalette::Base, Qt::transparent);
     setPalette(colors);
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
+}
+
+void SearchField::present(const QString& text)
+{
+    if (text == this->text())
+        return;
+    const QSignalBlocker nobodyTyped(this);
+    setText(text);
+    placeClear();
+}
+
+void SearchField::placeClear()
+{
+    const QRect place = QStyle::alignedRect(
+        layoutDirection(), Qt::AlignRight | Qt::AlignVCenter, m_clear->sizeHint(), rect());
+    const int margin = Style::fieldMargin - lineEditMargin;
+    const bool isNeeded = !text().isEmpty();
+    const int room = isNeeded ? place.width() : margin;
+    setTextMargins(isRightToLeft() ? room : margin, 0, isRightToLeft() ? margin : room, 0);
+    m_clear->setGeometry(place);
+    m_clear->setVisible(isNeeded);
+}
+
+void SearchField::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    placeClear();
 }
 
 QSize SearchField::sizeHint() const

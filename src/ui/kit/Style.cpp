@@ -2,8 +2,10 @@
 
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/KitStyle.h"
+#include "ui/kit/Words.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QPalette>
 #include <QScreen>
 
@@ -34,6 +36,19 @@ QFont::Weight weightOf(Style::Weight weight)
 bool isUnspecific(const QString& family)
 {
     return family.isEmpty() || family.startsWith(u"Sans"_s, Qt::CaseInsensitive) || family == u"Helvetica"_s;
+}
+
+/// Qt makes FreeType embolden the stems of PostScript outlines, for a way of blending that is not the one
+/// used here: texts would come out a quarter too heavy. Its only say in this is the environment, read when
+/// the first font is opened, which programs started later shall not inherit.
+void drawStemsAsDesigned()
+{
+    const char* const properties = "FREETYPE_PROPERTIES";
+    if (qEnvironmentVariableIsSet(properties))
+        return;
+    qputenv(properties, "cff:darkening-parameters=500,0,1000,0,1500,0,2000,0");
+    QFontMetrics(QApplication::font()).height();
+    qunsetenv(properties);
 }
 
 } // namespace
@@ -135,8 +150,12 @@ void applyTo(QApplication& application)
     QFont system = QApplication::font();
     if (isUnspecific(system.family()))
         system.setFamilies(QStringList(u"Inter"_s) + system.families());
+    // Without a generic family at the end, a missing one is replaced by whatever font comes first.
+    system.setFamilies(system.families() + QStringList(u"sans-serif"_s));
     system.setPixelSize(px(body.size));
     QApplication::setFont(system);
+    drawStemsAsDesigned();
+    QCoreApplication::installTranslator(new Words(&application));
     installAccessibility();
 }
 

@@ -52,7 +52,8 @@ QFont font(const TextStyle& style);
 
 QPalette palette();
 
-/// Fusion with our palette and font, and the kit's accessible nodes. Call once, before the first widget.
+/// Fusion with our palette, font and words, and the kit's accessible nodes. Call once, before the first
+/// widget and after Qt's own translations are installed.
 void applyTo(QApplication& application);
 
 } // namespace Style

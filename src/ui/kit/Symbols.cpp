@@ -201,6 +201,13 @@ Drawing checkmark()
     return {lines({{4.4, 12.8}, {9.2, 17.6}, {19, 6.8}}), {}};
 }
 
+Drawing xmark()
+{
+    Drawing drawing{lines({{6, 6}, {18, 18}}), {}};
+    line(drawing.lines, {{18, 6}, {6, 18}});
+    return drawing;
+}
+
 constexpr std::array symbols{
     Symbol{"sparkles"_L1, sparkles},
     Symbol{"square.grid.2x2"_L1, squareGrid},
@@ -216,6 +223,7 @@ constexpr std::array symbols{
     Symbol{"shippingbox"_L1, shippingBox},
     Symbol{"chevron.left"_L1, chevronLeft, Direction::AlongText},
     Symbol{"checkmark"_L1, checkmark},
+    Symbol{"xmark"_L1, xmark},
 };
 
 } // namespace

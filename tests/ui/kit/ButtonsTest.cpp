@@ -1,62 +1,92 @@
-#include "ui/kit/Divider.h"
-#include "ui/kit/MessageSheet.h"
 #include "ui/kit/ProminentButton.h"
-#include "ui/kit/SearchField.h"
-#include "ui/kit/Stacks.h"
 #include "ui/kit/SymbolButton.h"
 
-#include <QAccessible>
-#include <QBoxLayout>
+#include <QHoverEvent>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::unique_ptr<SymbolButton> downloadButton(QWidget* parent = nullptr)
+/// Where the pictures differ.
+QRect changed(const QImage& before, const QImage& after)
 {
-    return std::make_unique<SymbolButton>(
-        u"arrow.down.circle"_s, Style::spinner, Style::white(), parent);
+    QRect area;
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x)
+            area |= before.pixel(x, y) == after.pixel(x, y) ? QRect() : QRect(x, y, 1, 1);
+    }
+    return area;
+}
+
+/// Where presses press, as far as its two middle lines show.
+QRect hitArea(QAbstractButton& button)
+{
+    QRect area;
+    const auto press = [&](QPoint place) {
+        QTest::mousePress(&button, Qt::LeftButton, {}, place);
+        area |= button.isDown() ? QRect(place, QSize(1, 1)) : QRect();
+        QTest::mouseRelease(&button, Qt::LeftButton, {}, place);
+    };
+    for (int x = 0; x < button.width(); ++x)
+        press({x, button.height() / 2});
+    for (int y = 0; y < button.height(); ++y)
+        press({button.width() / 2, y});
+    return area;
 }
 
 } // namespace
 
-TEST(PlainButton, IsPressedBySpaceReturnAndEnterAndLeavesArrowsToThePage)
+TEST(PlainButton, HoverRingAndHitAreOneShapeOnAllSides)
 {
-    for (const auto& [key, clicks] : {std::pair{Qt::Key_Space, 1}, {Qt::Key_Return, 1}, {Qt::Key_Enter, 1},
-             {Qt::Key_Down, 0}, {Qt::Key_Left, 0}}) {
-        SCOPED_TRACE(key);
-        QWidget window;
-        ProminentButton button(u"Открыть"_s, &window);
-        const ProminentButton other(u"Другая"_s, &window);
-        window.show();
-        button.setFocus();
-        const QSignalSpy clicked(&button, &QAbstractButton::clicked);
+    QWidget window;
+    ProminentButton prominent(u"Открыть"_s, &window);
+    SymbolButton symbol(u"arrow.down.circle"_s, {24}, Style::white(), &window);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (auto& [button, distance] : {std::pair<PlainButton*, int>{&prominent, 4}, {&symbol, 2}}) {
+        SCOPED_TRACE(distance);
+        button->resize(button->sizeHint());
+        const QRect hit = hitArea(*button);
+        button->clearFocus();
+        QHoverEvent leave(QEvent::HoverLeave, {-1, -1}, {}, QPointF(hit.center()));
+        QCoreApplication::sendEvent(button, &leave);
+        const QImage atRest = button->grab().toImage();
 
-        QTest::keyClick(&button, key);
+        QHoverEvent enter(QEvent::HoverEnter, QPointF(hit.center()), {}, {-1, -1});
+        QCoreApplication::sendEvent(button, &enter);
+        EXPECT_EQ(changed(atRest, button->grab().toImage()), hit);
+        QCoreApplication::sendEvent(button, &leave);
 
-        EXPECT_EQ(clicked.count(), clicks);
-        EXPECT_EQ(window.focusWidget(), &button);
+        button->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(changed(atRest, button->grab().toImage()),
+            hit.adjusted(-distance, -distance, distance, distance));
     }
 }
 
-TEST(SymbolButton, WhileBusyItIsDisabledAndItsFocusComesBackAfterwards)
+TEST(PlainButton, ADoublePressCountsTwiceOnlyWhereItBegan)
 {
-    QWidget window;
-    const auto button = downloadButton(&window);
-    SearchField field(u"Поиск"_s, &window);
-    window.show();
-    button->setFocus();
+    ProminentButton button(u"Загрузить"_s);
+    button.show();
+    const QSignalSpy clicked(&button, &QAbstractButton::clicked);
+    const auto secondPress = [&button] {
+        for (const auto type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, {20, 15}, button.mapToGlobal(QPointF(20, 15)), Qt::LeftButton, {}, {});
+            QCoreApplication::sendEvent(&button, &event);
+        }
+    };
+    secondPress();
+    EXPECT_EQ(clicked.count(), 0) << "it has just appeared under the mouse";
 
-    button->present(SymbolButton::Activity::Busy);
-    EXPECT_FALSE(button->isEnabled());
-    EXPECT_EQ(window.focusWidget(), &field);
-    button->present(SymbolButton::Activity::Ready);
-    EXPECT_TRUE(button->isEnabled());
-    EXPECT_EQ(window.focusWidget(), button.get());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    secondPress();
+    EXPECT_EQ(clicked.count(), 2);
+
+    button.hide();
+    button.show();
+    secondPress();
+    EXPECT_EQ(clicked.count(), 2) << "it may stand for something else now";
 }

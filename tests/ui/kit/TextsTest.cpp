@@ -1,13 +1,15 @@
+#include "ui/kit/FairRow.h"
+#include "ui/kit/SearchField.h"
 #include "ui/kit/SelectableText.h"
 #include "ui/kit/TextLabel.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QHelpEvent>
-#include <QLineEdit>
+#include <QMenu>
 #include <QTest>
 #include <QTextDocument>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -38,28 +40,77 @@ TEST(TextLabel, ATextThatIsCutIsWholeInItsTooltipAndExactlyAsTyped)
         SCOPED_TRACE(text.toStdString());
         TextLabel label({}, text);
         label.resize(60, 20);
-
         EXPECT_TRUE(label.isCut());
         EXPECT_EQ(toolTipOf(label), text);
 
         label.resize(label.sizeHint());
         QToolTip::hideText();
         EXPECT_FALSE(label.isCut());
-        EXPECT_TRUE(label.minimumSizeHint().width() < label.width());
+    }
+    EXPECT_EQ(TextLabel({}, u"a\nb"_s).sizeHint(), TextLabel({}, u"a b"_s).sizeHint());
+}
+
+TEST(SelectableText, IsAsHighAsItsLinesInEveryFont)
+{
+    for (const QString& family : {u"Inter"_s, u"DejaVu Sans"_s, u"DejaVu Serif"_s, u"monospace"_s}) {
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setFamilies({family});
+        QApplication::setFont(font);
+        constexpr int extra = 6;
+        SelectableText text({16}, Style::secondaryText(), {extra});
+        QApplication::setFont(before);
+        text.present(u"Слова стоят в строках, и 🙂 тоже. "_s.repeated(20)
+            + u"\nНовый абзац\n"_s);
+        for (const int width : {150, 333, 740}) {
+            SCOPED_TRACE(testing::Message() << family.toStdString() << ' ' << width);
+            text.resize(width, 50);
+            text.grab(); // lays the document out
+            EXPECT_EQ(text.heightForWidth(width), text.document()->size().height() - extra);
+        }
     }
 }
 
-TEST(SelectableText, IsAsHighAsItsLinesWithoutExtraAfterTheLast)
+TEST(FairRow, TheWidestGiveWayAndWrapAndNothingLeavesTheRow)
 {
-    constexpr int extra = 6;
-    SelectableText text(Style::body, Style::secondaryText(), {extra});
-    text.present(u"Слова стоят в строках. "_s.repeated(20) + u"\nНовый абзац\n"_s);
-    for (const int width : {150, 333, 740}) {
-        SCOPED_TRACE(width);
-
-        text.resize(width, 50);
-        text.grab(); // lays the document out
-
-        EXPECT_EQ(text.heightForWidth(width), text.document()->size().height() - extra);
+    QWidget window;
+    auto* const row = new FairRow(10);
+    QList<TextLabel*> labels;
+    for (const QString& text :
+        {u"Утилиты"_s, u"2.4-beta.17 "_s.repeated(30), u"ВЕРСИЯ"_s, u"слово "_s.repeated(50)}) {
+        labels.append(new TextLabel({.lines = text == u"ВЕРСИЯ"_s ? Lines::Whole : Lines::Wrapped}, text));
+        row->append(labels.last());
     }
+    window.setLayout(row);
+    for (const int width : {300, 500, 900}) {
+        SCOPED_TRACE(width);
+        row->setGeometry({0, 0, width, row->heightForWidth(width)});
+
+        EXPECT_EQ(labels[0]->width(), labels[0]->sizeHint().width());
+        EXPECT_EQ(labels[2]->width(), labels[2]->sizeHint().width());
+        EXPECT_NEAR(labels[1]->width(), labels[3]->width(), 1);
+        EXPECT_NEAR(labels[3]->geometry().right(), width - 1, 2);
+        EXPECT_GE(labels[1]->height(), labels[1]->heightForWidth(labels[1]->width()));
+    }
+}
+
+TEST(SearchField, IsEmptiedByItsButtonWhichIsThereOnlyWithText)
+{
+    SearchField field(u"Поиск"_s);
+    field.show();
+    auto* const clear = field.findChild<QAbstractButton*>();
+    EXPECT_FALSE(clear->isVisible());
+    field.present(u"brisko"_s);
+    EXPECT_TRUE(clear->isVisible());
+
+    QTest::mouseClick(clear, Qt::LeftButton);
+
+    EXPECT_EQ(field.text(), QString());
+    EXPECT_FALSE(clear->isVisible());
+    std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+    QStringList words;
+    for (const QAction* action : menu->actions())
+        words += action->text().section(u'\t', 0, 0);
+    words.removeAll(QString());
+    EXPECT_EQ(words.join(u' '), u"Отменить Повторить Вырезать Копировать Вставить Удалить Выделить всё"_s);
 }
