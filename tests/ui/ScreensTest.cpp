@@ -4,6 +4,7 @@
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/PageScroll.h"
 #include "ui/kit/PlainButton.h"
+#include "ui/kit/SearchField.h"
 #include "ui/kit/SelectableText.h"
 #include "ui/kit/TextLabel.h"
 
@@ -82,8 +83,9 @@ QStringList textsOn(QWidget& window)
             texts << text->toPlainText();
         else if (const auto* const button = qobject_cast<const PlainButton*>(widget))
             texts << button->text();
-        // The sheet is named by its own texts, and the scroll bar by the kit.
-        if (!qobject_cast<const QScrollBar*>(widget) && widget != sheet
+        // The sheet is named by its own texts, the scroll bar and the search's button by the kit.
+        if (!qobject_cast<const QScrollBar*>(widget)
+            && !qobject_cast<const SearchField*>(widget->parentWidget()) && widget != sheet
             && !(sheet && sheet->isAncestorOf(widget)))
             texts << widget->accessibleName();
         texts << widget->toolTip();

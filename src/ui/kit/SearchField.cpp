@@ -26,7 +26,6 @@ SearchField::SearchField(const QString& placeholder, QWidget* parent)
     const int bleed = (Style::fieldHeight - Style::clearSymbol) / 2;
     m_clear->setContentsMargins(bleed, bleed, bleed, bleed);
     m_clear->setAccessibleName(u"Очистить"_s);
-    m_clear->setToolTip(m_clear->accessibleName());
     m_clear->setCursor(Qt::ArrowCursor);
     m_clear->setFocusPolicy(Qt::TabFocus);
     m_clear->hide();
