@@ -5,6 +5,7 @@
 #include "ui/kit/Words.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QPalette>
 #include <QScreen>
@@ -36,6 +37,13 @@ QFont::Weight weightOf(Style::Weight weight)
 bool isUnspecific(const QString& family)
 {
     return family.isEmpty() || family.startsWith(u"Sans"_s, Qt::CaseInsensitive) || family == u"Helvetica"_s;
+}
+
+/// One family that is there: of several Qt would sort all fonts of the machine at once, and for a missing one
+/// it would take whatever comes first.
+QString installed(const QString& family, const QString& otherwise)
+{
+    return QFontDatabase::hasFamily(family) ? family : otherwise;
 }
 
 /// Qt makes FreeType embolden the stems of PostScript outlines, for a way of blending that is not the one
@@ -101,8 +109,9 @@ int px(qreal points)
 QFont font(const TextStyle& style)
 {
     QFont font = QApplication::font();
+    static const QString rounded = installed(u"Manrope"_s, font.family());
     if (style.design == Design::Rounded)
-        font.setFamilies(QStringList(u"Manrope"_s) + font.families());
+        font.setFamilies({rounded});
     font.setPixelSize(px(style.size));
     font.setWeight(weightOf(style.weight));
     return font;
@@ -149,9 +158,7 @@ void applyTo(QApplication& application)
     QApplication::setPalette(palette());
     QFont system = QApplication::font();
     if (isUnspecific(system.family()))
-        system.setFamilies(QStringList(u"Inter"_s) + system.families());
-    // Without a generic family at the end, a missing one is replaced by whatever font comes first.
-    system.setFamilies(system.families() + QStringList(u"sans-serif"_s));
+        system.setFamilies({installed(u"Inter"_s, u"sans-serif"_s)});
     system.setPixelSize(px(body.size));
     QApplication::setFont(system);
     drawStemsAsDesigned();

@@ -70,6 +70,8 @@ TEST(PlainButton, ADoublePressWhereItStandsCountsTwice)
     ProminentButton button(u"Загрузить"_s);
     button.show();
     const QSignalSpy clicked(&button, &QAbstractButton::clicked);
+    QTest::mouseClick(&button, Qt::LeftButton);
     QTest::mouseDClick(&button, Qt::LeftButton);
+    QTest::mouseRelease(&button, Qt::LeftButton);
     EXPECT_EQ(clicked.count(), 2);
 }
