@@ -17,7 +17,7 @@ namespace {
 
 // What is read at once is still in the processor's cache when it is hashed; what is written at once keeps a
 // disk busy.
-constexpr std::size_t readBlock = std::size_t{256} << 10;
+constexpr std::size_t readBlock = std::size_t{64} << 10;
 constexpr std::size_t writeBlock = std::size_t{8} << 20;
 
 /// Memory straight from the system, which has it back at once: the allocator keeps some.
@@ -27,9 +27,6 @@ public:
         : m_size(size)
         , m_start(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))
     {
-        // The first touch of a small page costs more than its copy.
-        if (isThere())
-            madvise(m_start, size, MADV_HUGEPAGE);
     }
     ~Memory()
     {
@@ -141,6 +138,7 @@ try {
     std::span<std::byte> room = memory.bytes().first(opened->size);
     while (!room.empty()) {
         const auto block = room.first(std::min(room.size(), writeBlock));
+        makePages(block);
         const auto count = readThrough(opened->descriptor, block, sink);
         if (!count)
             return tl::unexpected(count.error());
