@@ -7,6 +7,9 @@
 
 #include <simdjson.h>
 
+#include <cerrno>
+#include <new>
+
 using namespace Qt::StringLiterals;
 namespace dom = simdjson::dom;
 
@@ -24,6 +27,43 @@ QString toText(std::string_view utf8)
     return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
 }
 
+/// Makes texts of UTF-8 that simdjson has checked already, which leaves only the copying. The room in which a
+/// text is spelled is used again for the next, so that each text allocates once and just what it needs.
+class TextDecoder {
+public:
+    QString text(std::string_view utf8)
+    {
+        if (m_units.size() < utf8.size())
+            m_units.resize(std::max(utf8.size(), 2 * m_units.size()));
+
+        char16_t* unit = m_units.data();
+        const auto* byte = reinterpret_cast<const uchar*>(utf8.data());
+        const auto* const end = byte + utf8.size();
+        const auto follower = [&byte](int index) { return char32_t(byte[index] & 0x3fU); };
+        while (byte != end) {
+            if (*byte < 0x80) {
+                *unit++ = *byte++;
+            } else if (*byte < 0xe0) {
+                *unit++ = char16_t((*byte & 0x1fU) << 6U | follower(1));
+                byte += 2;
+            } else if (*byte < 0xf0) {
+                *unit++ = char16_t((*byte & 0x0fU) << 12U | follower(1) << 6U | follower(2));
+                byte += 3;
+            } else {
+                const char32_t character =
+                    (*byte & 0x07U) << 18U | follower(1) << 12U | follower(2) << 6U | follower(3);
+                *unit++ = QChar::highSurrogate(character);
+                *unit++ = QChar::lowSurrogate(character);
+                byte += 4;
+            }
+        }
+        return QString(reinterpret_cast<const QChar*>(m_units.data()), unit - m_units.data());
+    }
+
+private:
+    std::vector<char16_t> m_units;
+};
+
 /// The document, which lives as long as the parser.
 Result<dom::element> parse(dom::parser& parser, Bytes json)
 {
@@ -31,6 +71,8 @@ Result<dom::element> parse(dom::parser& parser, Bytes json)
     const auto fault = parser.parse(reinterpret_cast<const char*>(json.data()), json.size()).get(document);
     if (fault == simdjson::SUCCESS)
         return document;
+    if (fault == simdjson::MEMALLOC)
+        throw std::bad_alloc();
 
     // simdjson does not say where it stopped, and it refuses numbers that are JSON but fit no number of C++.
     // Qt's slower parser finds the place, or writes the document again with such numbers rounded.
@@ -54,11 +96,15 @@ Result<dom::element> parse(dom::parser& parser, Bytes json)
 /// skipped.
 class EntryReader {
 public:
-    EntryReader(dom::object object, qsizetype position) : m_object(object), m_position(position) { }
+    EntryReader(dom::object object, qsizetype position, TextDecoder& texts)
+        : m_object(object), m_next(object.begin()), m_position(position), m_texts(texts)
+    {
+    }
 
     void read(CodingKeys key, QString& field)
     {
-        field = toText(value<std::string_view>(key, u"текст"_s).value_or(""));
+        if (const auto text = value<std::string_view>(key, u"текст"_s))
+            field = m_texts.text(*text);
     }
     void read(CodingKeys key, qint64& field)
     {
@@ -70,13 +116,14 @@ public:
         const auto items = value<dom::array>(key, expected);
         if (!items)
             return;
+        field.reserve(qsizetype(items->size()));
         for (const dom::element item : *items) {
             std::string_view text;
             if (item.get(text) != simdjson::SUCCESS) {
                 fail(CatalogError::WrongType, key, expected);
                 break;
             }
-            field.append(toText(text));
+            field.append(m_texts.text(text));
         }
     }
 
@@ -90,7 +137,7 @@ private:
             return std::nullopt;
         dom::element element;
         T result;
-        if (m_object.at_key(keyText(key)).get(element) != simdjson::SUCCESS)
+        if (!find(keyText(key), element))
             fail(CatalogError::MissingKey, key, expected);
         else if (element.is_null())
             fail(CatalogError::NullValue, key, expected);
@@ -99,6 +146,17 @@ private:
         else
             return result;
         return std::nullopt;
+    }
+
+    bool find(std::string_view key, dom::element& element)
+    {
+        // Most files have the keys in our order: the next one is tried before all are searched.
+        if (m_next != m_object.end() && m_next.key_equals(key)) {
+            element = m_next.value();
+            ++m_next;
+            return true;
+        }
+        return m_object.at_key(key).get(element) == simdjson::SUCCESS;
     }
 
     void fail(CatalogError error, CodingKeys key, const QString& expected)
@@ -116,45 +174,55 @@ private:
     }
 
     dom::object m_object;
+    dom::object::iterator m_next;
     qsizetype m_position;
+    TextDecoder& m_texts;
     std::optional<Failure> m_failure;
 };
 
-Result<StoreApp> decodeEntry(dom::element element, qsizetype position)
+Result<void> decodeEntry(dom::element element, qsizetype position, TextDecoder& texts, StoreApp& app)
 {
     dom::object object;
     if (element.get(object) != simdjson::SUCCESS)
         return failure(CatalogError::NotAnEntry, u"Запись %1 каталога — не объект JSON."_s.arg(position));
 
-    EntryReader reader(object, position);
-    StoreApp app;
+    EntryReader reader(object, position, texts);
     forEachField([&](CodingKeys key, auto field) { reader.read(key, app.*field); });
     if (reader.failed())
         return tl::unexpected(*reader.failed());
-    return app;
+    return {};
+}
+
+Result<Catalog> decode(Bytes json)
+{
+    dom::parser parser;
+    const auto document = parse(parser, json);
+    if (!document)
+        return tl::unexpected(document.error());
+    dom::array entries;
+    if (document->get(entries) != simdjson::SUCCESS)
+        return failure(CatalogError::NotAList, u"Файл каталога повреждён: это не список записей."_s);
+
+    TextDecoder texts;
+    Catalog catalog;
+    catalog.reserve(entries.size());
+    for (const dom::element element : entries) {
+        StoreApp& app = catalog.emplace_back();
+        if (auto decoded = decodeEntry(element, qsizetype(catalog.size()), texts, app); !decoded)
+            return tl::unexpected(std::move(decoded.error()));
+    }
+    return catalog;
 }
 
 } // namespace
 
 Result<Catalog> decodeCatalog(Bytes json)
 {
-    dom::parser parser;
-    auto document = parse(parser, json);
-    if (!document)
-        return tl::unexpected(std::move(document.error()));
-    dom::array entries;
-    if (document->get(entries) != simdjson::SUCCESS)
-        return failure(CatalogError::NotAList, u"Файл каталога повреждён: это не список записей."_s);
-
-    Catalog catalog;
-    catalog.reserve(entries.size());
-    for (const dom::element element : entries) {
-        auto app = decodeEntry(element, qsizetype(catalog.size()) + 1);
-        if (!app)
-            return tl::unexpected(std::move(app.error()));
-        catalog.push_back(std::move(*app));
+    try {
+        return decode(json);
+    } catch (const std::bad_alloc&) {
+        return tl::unexpected(systemFailure(ENOMEM));
     }
-    return catalog;
 }
 
 Result<Catalog> readCatalog()

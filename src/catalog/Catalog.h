@@ -19,7 +19,8 @@ enum class CatalogError { NotJson, NotAList, NotAnEntry, MissingKey, NullValue, 
 
 /// Reads a catalog file: UTF-8 JSON (RFC 8259), an array of objects that carry all fifteen keys. Other keys
 /// are ignored. Fails as a whole: the failure names the line of broken JSON, or the entry, counted from 1,
-/// and its first offending key in the order of `CodingKeys`. Any bytes are safe. Any thread.
+/// and its first offending key in the order of `CodingKeys`, or says that memory is short. Any bytes are
+/// safe. Any thread.
 Result<Catalog> decodeCatalog(std::span<const std::byte> json);
 
 /// The content of a catalog file with these entries, which `decodeCatalog` reads: one key a line. Any thread.

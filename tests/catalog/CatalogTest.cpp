@@ -13,6 +13,32 @@
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
+/// How many more requests for memory succeed; negative: all.
+static int requestsLeft = -1;
+
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): a test that runs out of memory needs its
+// own.
+void* operator new(std::size_t size)
+{
+    void* const memory = requestsLeft == 0 ? nullptr : std::malloc(size);
+    if (!memory)
+        throw std::bad_alloc();
+    if (requestsLeft > 0)
+        --requestsLeft;
+    return memory;
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+// NOLINTEND
+
 namespace {
 
 Result<Catalog> decode(const QByteArray& json)
@@ -139,6 +165,22 @@ TEST(Catalog, FailsAsAWholeWhenTheFileIsBroken)
         SCOPED_TRACE(situation);
         EXPECT_THAT(failureOf(json), HasSubstr(expected));
     }
+}
+
+TEST(Catalog, SaysThatMemoryIsShort)
+{
+    const QByteArray json = encodeCatalog({sample::brisko()});
+    int failed = 0;
+    for (bool done = false; !done; ++failed) {
+        requestsLeft = failed;
+        const auto catalog = decode(json);
+        requestsLeft = -1;
+        done = catalog.has_value();
+        if (!done) {
+            ASSERT_EQ(catalog.error(), systemFailure(ENOMEM));
+        }
+    }
+    EXPECT_GT(failed, 3);
 }
 
 TEST(Catalog, IsReadFromTheResourceFolder)
