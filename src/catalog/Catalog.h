@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalog/CodingKeys.h"
 #include "catalog/StoreApp.h"
 #include "platform/Failure.h"
 
@@ -24,7 +25,7 @@ enum class CatalogError { NotJson, NotAList, NotAnEntry, MissingKey, NullValue, 
 Result<Catalog> decodeCatalog(std::span<const std::byte> json);
 
 /// The content of a catalog file with these entries, which `decodeCatalog` reads: one key a line. Any thread.
-QByteArray encodeCatalog(const Catalog& catalog);
+QByteArray encodeCatalog(const Catalog& catalog, CatalogKind kind = CatalogKind::Store);
 
 /// Reads `catalog.json` in the program's resource folder. Any thread.
 Result<Catalog> readCatalog();

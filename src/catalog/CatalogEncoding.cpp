@@ -21,10 +21,12 @@ QByteArray json(qint64 number)
     return QByteArray::number(number);
 }
 
-QByteArray object(const StoreApp& app)
+QByteArray object(const StoreApp& app, CatalogKind kind)
 {
     QByteArrayList lines;
     forEachField([&](CodingKeys key, auto field) {
+        if (!belongsTo(kind, key))
+            return;
         const std::string_view text = keyText(key);
         lines.append(
             "        \"" + QByteArray(text.data(), qsizetype(text.size())) + "\": " + json(app.*field));
@@ -34,10 +36,10 @@ QByteArray object(const StoreApp& app)
 
 } // namespace
 
-QByteArray encodeCatalog(const Catalog& catalog)
+QByteArray encodeCatalog(const Catalog& catalog, CatalogKind kind)
 {
     QByteArrayList objects;
     for (const StoreApp& app : catalog)
-        objects.append(object(app));
+        objects.append(object(app, kind));
     return "[\n" + objects.join(",\n") + "\n]\n";
 }

@@ -56,3 +56,16 @@ constexpr std::optional<CodingKeys> codingKey(std::string_view text)
         return std::nullopt;
     return static_cast<CodingKeys>(found - codingKeyTexts.begin());
 }
+
+enum class CatalogKind {
+    /// A store's `catalog.json`.
+    Store,
+    /// A maker's `collection.json`, which does not have what is known only of a packed archive.
+    Collection,
+};
+
+/// Whether entries of this kind of file have the key.
+constexpr bool belongsTo(CatalogKind kind, CodingKeys key)
+{
+    return kind == CatalogKind::Store || (key != CodingKeys::sha256 && key != CodingKeys::bytes);
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "catalog/Catalog.h"
+#include "pack/Finding.h"
+#include "platform/Path.h"
+
+enum class Format { Text, Json };
+
+/// Writes what was found to standard output, sorted by file, line and code: one line each and their number,
+/// or one JSON object with the entries. Returns the exit status: 2 for errors, and for warnings too if
+/// `strict`; else 0.
+struct Reporting {
+    Format format = Format::Text;
+    bool strict = false;
+};
+int report(const Path& subject, Findings findings, const Catalog& entries, const Reporting& reporting);
