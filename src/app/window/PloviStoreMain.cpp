@@ -13,6 +13,8 @@
 #include "ui/kit/Style.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFontDatabase>
 #include <QLibraryInfo>
 #include <QPointer>
 #include <QTranslator>
@@ -63,6 +65,13 @@ QString ownName()
     return instanceName(bundles.bundleIdentifier(bundle).value_or(QString()), bundle);
 }
 
+/// A bundle made for machines that may lack the fonts brings them along.
+void addOwnFonts(const Path& resources)
+{
+    for (const QFileInfo& font : QDir(resources / "Fonts").entryInfoList(QDir::Files))
+        QFontDatabase::addApplicationFont(font.filePath());
+}
+
 /// The program speaks Russian wherever it runs, and so do the dialogs and menus that Qt brings.
 void speakRussian(QTranslator& translator)
 {
@@ -99,8 +108,9 @@ int PloviStoreMain::run(int argc, char* argv[])
     QApplication::setDesktopFileName(u"org.orbanel.PloviStore"_s);
     QTranslator translator;
     speakRussian(translator);
-    Style::applyTo(application);
     const DesktopPlatform platform;
+    addOwnFonts(platform.bundles.mainResources());
+    Style::applyTo(application);
 
     PloviStoreMain program;
     window = &program.m_window;

@@ -1,0 +1,13 @@
+# Run by CPack over what it has installed: gives documents the form and the place that Debian wants.
+foreach(package IN ITEMS store:plovistore pack:plovistore-pack)
+    string(REPLACE ":" ";" package "${package}")
+    list(GET package 0 component)
+    list(GET package 1 name)
+    set(share "${CPACK_TEMPORARY_DIRECTORY}/${component}/usr/share")
+    file(RENAME "${share}/zsh/site-functions" "${share}/zsh/vendor-completions")
+    if(component STREQUAL pack)
+        file(CREATE_LINK plovistore "${share}/doc/plovistore-pack" SYMBOLIC)
+    endif()
+    file(GLOB documents "${share}/man/man1/*" "${share}/doc/plovistore/changelog")
+    execute_process(COMMAND gzip -9n ${documents} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
