@@ -8,8 +8,8 @@ _plovistore_pack() {
         words="new check pack diff sums --help --version"
     elif [[ $word == -* ]]; then
         case "${COMP_WORDS[1]}" in
-            check) words="--json --strict --help" ;;
-            pack) words="--apps --program --json --help" ;;
+            check) words="--apps --json --strict --help" ;;
+            pack) words="--apps --program --json --strict --help" ;;
             diff) words="--json --help" ;;
             *) words="--help" ;;
         esac
