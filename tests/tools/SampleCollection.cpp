@@ -17,24 +17,15 @@ namespace {
 constexpr char drawing[] = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 8 8\">\n<path "
                            "fill=\"#ff0000\" d=\"M0 4H8V8H0Z\"/></svg>";
 
-QByteArray infoList(const StoreApp& app)
+QByteArray infoList(const QByteArray& identifier)
 {
-    return "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>" + app.bundleID.toUtf8()
-        + "</string><key>CFBundleShortVersionString</key><string>" + app.version.toUtf8()
-        + "</string><key>LSMinimumSystemVersion</key><string>13.0</string>"
+    return "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>" + identifier
+        + "</string><key>CFBundleShortVersionString</key><string>2.4</string>"
+          "<key>LSMinimumSystemVersion</key><string>13.0</string>"
           "<key>CFBundleExecutable</key><string>program</string></dict></plist>";
 }
 
 } // namespace
-
-Ending run(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished(-1);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-        process.readAllStandardOutput().toStdString(), process.readAllStandardError().toStdString()};
-}
 
 SampleCollection::SampleCollection()
 {
@@ -46,16 +37,22 @@ SampleCollection::SampleCollection()
         app.bundleID = "org.example."_L1 + name;
         app.archive = name + ".zip"_L1;
         catalog.push_back(app);
-        const Path contents = "c/apps" / toPath(name + ".app"_L1) / "Contents";
-        write(contents / "Info.plist", infoList(app));
-        write(contents / "MacOS/program", "#!/bin/sh\necho " + name.toUtf8() + '\n');
-        fs::permissions(path(contents / "MacOS/program"), fs::perms(0700));
-        fs::create_symlink("MacOS/program", path(contents / "Запуск"));
+        writeBundle("c/apps" / toPath(name + ".app"_L1), app.bundleID.toUtf8());
+        fs::create_symlink("Contents/MacOS/program", path("c/apps" / toPath(name + ".app/start"_L1)));
         write("c/icons" / toPath(name + ".svg"_L1), drawing);
     }
+    writeBundle("program.app", "org.example.Store");
     write("c/collection.json", encodeCatalog(catalog, CatalogKind::Collection));
     write("c/Brand.svg", drawing);
     fs::copy_file(PROJECT_SOURCE "/collection/BriskoScreen.png", path("c/BriskoScreen.png"));
+}
+
+void SampleCollection::writeBundle(const Path& bundle, const QByteArray& identifier) const
+{
+    const Path program = bundle / "Contents/MacOS/program";
+    write(bundle / "Contents/Info.plist", infoList(identifier));
+    write(program, "#!/bin/sh\necho " + identifier + '\n');
+    fs::permissions(path(program), fs::perms(0700));
 }
 
 void SampleCollection::write(const Path& relative, const QByteArray& content) const
@@ -72,18 +69,32 @@ QByteArray SampleCollection::read(const Path& relative) const
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void SampleCollection::edit(const Path& relative, const QByteArray& before, const QByteArray& after) const
+Ending SampleCollection::shell(const QString& script) const
 {
-    QByteArray content = read(relative);
-    const auto place = content.indexOf(before);
-    if (place < 0)
-        throw std::runtime_error(before.toStdString() + " does not occur in " + relative.string());
-    write(relative, content.replace(place, before.size(), after));
+    return run(u"sh"_s, {u"-c"_s, script});
 }
 
-Ending SampleCollection::pack(const Path& store, const QStringList& options) const
+Ending SampleCollection::tool(const QStringList& arguments) const
 {
-    return run(QStringLiteral(PACK_PROGRAM),
-        QStringList{u"pack"_s, text("c"), text(store), u"--program"_s, QStringLiteral(STORE_PROGRAM)}
-            + options);
+    return run(QStringLiteral(PACK_PROGRAM), arguments);
+}
+
+Ending SampleCollection::pack(const QString& store, const QStringList& options) const
+{
+    return tool(QStringList{u"pack"_s, u"c"_s, store, u"--program"_s, u"program.app"_s} + options);
+}
+
+QString SampleCollection::packing(const QString& collection, const QString& store)
+{
+    return u" %1 pack %2 %3 --program program.app "_s.arg(QStringLiteral(PACK_PROGRAM), collection, store);
+}
+
+Ending SampleCollection::run(const QString& program, const QStringList& arguments) const
+{
+    QProcess process;
+    process.setWorkingDirectory(m_folder.path());
+    process.start(program, arguments);
+    process.waitForFinished(-1);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+        process.readAllStandardOutput().toStdString(), process.readAllStandardError().toStdString()};
 }

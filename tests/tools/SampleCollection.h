@@ -12,23 +12,28 @@ struct Ending {
     std::string output;
     std::string errors;
 };
-Ending run(const QString& program, const QStringList& arguments);
 
-/// A folder with a collection `c` of four small applications without any fault, `c/apps` among it.
+/// A folder with a collection `c` of four small applications without any fault, and a bundle `program.app` to take a
+/// store's program from. Names below are relative to it.
 class SampleCollection {
 public:
     SampleCollection();
 
     Path path(const Path& relative) const { return toPath(m_folder.path()) / relative; }
-    QString text(const Path& relative) const { return toText(path(relative)); }
     /// Makes `content` the whole content of a file; missing folders are made.
     void write(const Path& relative, const QByteArray& content) const;
     QByteArray read(const Path& relative) const;
-    /// Replaces `before`, which must occur, by `after` in a file.
-    void edit(const Path& relative, const QByteArray& before, const QByteArray& after) const;
-    /// Packs the collection into `store` and gives how that ended.
-    Ending pack(const Path& store, const QStringList& options = {}) const;
+
+    Ending shell(const QString& script) const;
+    Ending tool(const QStringList& arguments) const;
+    /// Packs the collection into `store`.
+    Ending pack(const QString& store, const QStringList& options = {}) const;
+    /// A shell's words for the same.
+    static QString packing(const QString& collection, const QString& store);
 
 private:
+    void writeBundle(const Path& bundle, const QByteArray& identifier) const;
+    Ending run(const QString& program, const QStringList& arguments) const;
+
     QTemporaryDir m_folder;
 };
