@@ -8,14 +8,14 @@
 #include <functional>
 #include <optional>
 
-/// One catalogued application: the texts that describe it, and the name, size and digest of its archive. A
-/// value that nobody changes once it is in a catalog. Texts are shown as they stand in the catalog file.
+/// What the store knows of one application. Nobody changes an entry once it is in a catalog, and nobody trims
+/// or corrects its texts.
 struct StoreApp {
-    /// The identity: unique within a catalog, the key of rows and of what the store remembers.
+    /// Tells it from every other entry, also when its version changes.
     QString id;
-    /// Also the name of the installed bundle without ".app", and of the icon resource without ".icns".
+    /// Names the icon (`<name>.icns`) and the installed bundle (`<name>.app`) too.
     QString name;
-    /// The title of the section that lists the entry.
+    /// The section of the sidebar where the entry belongs, by its title.
     QString category;
     QString subtitle;
     QString headline;
@@ -26,7 +26,7 @@ struct StoreApp {
     QString bundleID;
     /// The lowest macOS version, as text.
     QString minimum;
-    /// The file name of the archive in the resource folder `Packages`.
+    /// A file name in the bundle's `Resources/Packages`, and the name that a save proposes.
     QString archive;
     /// The archive's SHA-256 as 64 lower-case hexadecimal digits.
     QString sha256;

@@ -4,8 +4,7 @@
 #include "platform/Text.h"
 #include "store/Published.h"
 
-/// Everything that the window shows of the catalog, and the two things that a user does with it. One per
-/// process; lives on the main thread, holds no lock.
+/// The state behind the window, and what a user does with it. There is one; only the main thread touches it.
 class Store final : public ObservableObject {
     Q_OBJECT
 
@@ -13,15 +12,15 @@ public:
     /// Loads the catalog. When that fails, `apps` stays empty and `message` says why.
     Store();
 
-    /// The catalog in the order of its file. Never changes after the creation.
+    /// The entries, in the order in which the file lists them; set while the store is made.
     Published<Catalog> apps{*this};
-    /// What the user is to be told next; a newer message replaces one that waits.
+    /// A sentence for the user, until it has been read. There is no queue.
     Published<std::optional<QString>> message{*this};
-    /// The ids of the entries whose archive is being saved.
+    /// Ids: a save of these runs.
     Published<TextSet> busy{*this};
-    /// The ids of the entries whose archive was saved in this run.
+    /// Ids: these have been saved since the program started.
     Published<TextSet> saved{*this};
-    /// Has no meaning of its own: a change of it makes every view look at the machine again.
+    /// Written to make every page look at the machine again; its value says nothing.
     Published<qint64> revision{*this, 0};
 
     /// What a search looks in, in the order of `apps`. Made at the first call: folding every text is too dear

@@ -4,8 +4,8 @@
 
 #include <array>
 
-/// A section of the sidebar. The title is its identity, and the category whose entries a category section
-/// lists.
+/// A choice in the sidebar, told from the others by its title. An entry whose category is that title belongs
+/// here.
 struct Section {
     QString title;
     /// The name of the symbol beside the title.

@@ -7,9 +7,9 @@
 struct ViewState {
     /// The title of the chosen section.
     QString section = section_title::overview.toString();
-    /// The text of the search field as typed.
+    /// What to look for, every space of it included.
     QString search;
-    /// The entry whose page is open; none shows the catalog page of `section`.
+    /// Its page is open; without one, that of the section is.
     std::optional<StoreApp> selected;
 
     /// Shows that section from the start: without a page open, without a search.
