@@ -15,7 +15,8 @@ struct Mistake {
     std::string findings;
 };
 
-/// Reads a file of mistakes: each is a command behind "$ ", the findings below it without digests, and an empty line.
+/// Reads a file of mistakes: each is a command behind "$ ", the findings below it without digests, and an
+/// empty line.
 std::vector<Mistake> readMistakes(const std::string& name)
 {
     std::vector<Mistake> mistakes;
@@ -37,13 +38,15 @@ void expectFindings(const std::string& mistakes, const QString& subject)
     ASSERT_EQ(sample.shell(u"mkdir good && mv c s.app good"_s).status, 0);
     for (const auto& [command, findings] : readMistakes(mistakes)) {
         SCOPED_TRACE(command);
-        ASSERT_EQ(sample.shell(u"rm -rf c s.app b && cp -a good/. ."_s).status, 0);
-        ASSERT_EQ(sample.shell(QString::fromStdString(command)).status, 0);
+        const QString script =
+            u"set -e; rm -rf c s.app b; cp -a good/. .; "_s + QString::fromStdString(command);
+        ASSERT_EQ(sample.shell(script).status, 0);
 
         Ending ending = sample.tool({u"check"_s, subject});
 
         ending.output.erase(ending.output.rfind('\n', ending.output.size() - 2) + 1);
-        EXPECT_EQ(std::regex_replace(ending.output, std::regex(" [0-9a-f]{64}"), " …"), findings) << ending.errors;
+        EXPECT_EQ(std::regex_replace(ending.output, std::regex(" [0-9a-f]{64}"), " …"), findings)
+            << ending.errors;
         EXPECT_EQ(ending.status, findings.find(": error: ") == std::string::npos ? 0 : 2);
     }
 }

@@ -43,11 +43,10 @@ TEST(Pack, MakesAStoreThatPassesEveryTest)
     EXPECT_EQ(sample.tool({u"check"_s, u"s.app"_s, u"--strict"_s}).output, "0 errors, 0 warnings\n");
     EXPECT_EQ(sample.tool({u"sums"_s, u"s.app"_s}).output,
         sample.shell(u"find s.app -type f | LC_ALL=C sort | xargs sha256sum"_s).output);
-    EXPECT_EQ(
-        sample
-            .shell(
-                u"unzip -q s.app/Contents/Resources/Packages/Alvi.zip && diff -r --no-dereference Alvi.app c/apps/Alvi.app && Alvi.app/start"_s)
-            .output,
+    EXPECT_EQ(sample
+                  .shell(u"unzip -q s.app/Contents/Resources/Packages/Alvi.zip && "
+                         u"diff -r --no-dereference Alvi.app c/apps/Alvi.app && Alvi.app/start"_s)
+                  .output,
         "org.example.Alvi\n");
 }
 
@@ -56,15 +55,16 @@ TEST(Pack, GivesTheSameBytesWhoeverRunsItAndWhen)
     const Sample sample;
     ASSERT_EQ(sample.shell("umask 000 &&"_L1 + Sample::packing(u"c"_s, u"s.app"_s)).status, 0);
 
-    const Ending other = sample.shell(
-        u"mkdir d && tar -C c -cf - --sort=name . | tar -C d -xmf - && umask 077 && LC_ALL=ru_RU.KOI8-R TZ=Asia/Tokyo taskset -c 0"_s
-        + Sample::packing(u"d"_s, u"t.app"_s));
+    const Ending other =
+        sample.shell(u"mkdir d && tar -C c -cf - --sort=name . | tar -C d -xmf - && umask 077 && "
+                     u"LC_ALL=ru_RU.KOI8-R TZ=Asia/Tokyo taskset -c 0"_s
+            + Sample::packing(u"d"_s, u"t.app"_s));
 
     EXPECT_EQ(other.status, 0) << other.errors;
     EXPECT_EQ(
         sample
-            .shell(
-                u"diff -r s.app t.app && for s in s t; do (cd $s.app && find . -printf '%m %p\\n' | sort) >$s; done && diff s t && sed 's/ .*//' s | sort -u"_s)
+            .shell(u"diff -r s.app t.app && for s in s t; do (cd $s.app && "
+                   u"find . -printf '%m %p\\n' | sort) >$s; done && diff s t && sed 's/ .*//' s | sort -u"_s)
             .output,
         "644\n755\n");
 }
@@ -137,9 +137,10 @@ TEST(Check, TellsWhatItMayNotRead)
     const Sample sample;
     const QString other = geteuid() == 0 ? u"setpriv --reuid=65534 --clear-groups "_s : QString();
 
-    const Ending ending = sample.shell(
-        u"chmod 755 . && cd c/apps && chmod 0 Alvi.app/Contents/MacOS Bemmo.app/Contents/Info.plist && cd ../.. && "_s
-        + other + QStringLiteral(PACK_PROGRAM) + u" check c; chmod 755 c/apps/Alvi.app/Contents/MacOS"_s);
+    const Ending ending =
+        sample.shell(u"chmod 755 . && cd c/apps && "
+                     u"chmod 0 Alvi.app/Contents/MacOS Bemmo.app/Contents/Info.plist && cd ../.. && "_s
+            + other + QStringLiteral(PACK_PROGRAM) + u" check c; chmod 755 c/apps/Alvi.app/Contents/MacOS"_s);
 
     EXPECT_THAT(ending.output,
         HasSubstr("apps/Alvi.app: error: Contents/MacOS cannot be read: Permission denied [unreadable]"));
@@ -153,11 +154,10 @@ TEST(Diff, TellsWhatChangedFromOneStoreToTheOther)
     const Sample sample;
     ASSERT_EQ(sample.pack(u"old.app"_s).status, 0);
     EXPECT_EQ(sample.tool({u"diff"_s, u"old.app"_s, u"old.app"_s}).status, 0);
-    ASSERT_EQ(
-        sample
-            .shell(
-                u"sed -i '9s/red/blue/; 18s/alvi/new/; 30s/Находит/Не находит/' c/collection.json; sed -i s/ff0000/00ff00/ c/icons/Brisko.svg"_s)
-            .status,
+    ASSERT_EQ(sample
+                  .shell(u"sed -i '9s/red/blue/; 18s/alvi/new/; 30s/Находит/Не находит/' c/collection.json; "
+                         u"sed -i s/ff0000/00ff00/ c/icons/Brisko.svg"_s)
+                  .status,
         0);
     ASSERT_EQ(sample.pack(u"new.app"_s).status, 0);
 
@@ -178,11 +178,12 @@ TEST(New, MakesACollectionThatCanBePackedAtOnce)
 {
     const Sample sample;
     ASSERT_EQ(sample.pack(u"s.app"_s).status, 0);
-    ASSERT_EQ(
-        sample
-            .shell(
-                u"cd c/apps; for a in Alvi Brisko; do mkdir $a.app/Contents/Resources; cp ../../s.app/Contents/Resources/Alvi.icns $a.app/Contents/Resources/a.icns; sed -i 's|<dict>|<dict><key>CFBundleIconFile</key><string>a</string>|' $a.app/Contents/Info.plist; done"_s)
-            .status,
+    ASSERT_EQ(sample
+                  .shell(u"cd c/apps; for a in Alvi Brisko; do mkdir $a.app/Contents/Resources; "
+                         u"cp ../../s.app/Contents/Resources/Alvi.icns $a.app/Contents/Resources/a.icns; "
+                         u"sed -i 's|<dict>|<dict><key>CFBundleIconFile</key><string>a</string>|' "
+                         u"$a.app/Contents/Info.plist; done"_s)
+                  .status,
         0);
 
     EXPECT_EQ(sample.tool({u"new"_s, u"n"_s, u"c/apps/Alvi.app"_s, u"c/apps/Brisko.app/"_s}).status, 0);

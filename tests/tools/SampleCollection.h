@@ -13,8 +13,8 @@ struct Ending {
     std::string errors;
 };
 
-/// A folder with a collection `c` of four small applications without any fault, and a bundle `program.app` to take a
-/// store's program from. Names below are relative to it.
+/// A folder with a collection `c` of four small applications without any fault, and a bundle `program.app` to
+/// take a store's program from. Names below are relative to it.
 class SampleCollection {
 public:
     SampleCollection();

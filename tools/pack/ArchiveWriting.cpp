@@ -146,7 +146,7 @@ Result<void> writeArchive(
     for (const auto& [name, node] : tree.nodes) {
         if (!done)
             return done;
-        const std::string inArchive = top + '/' + name;
+        const std::string inArchive = (Path(top) / name).string();
         if (node.kind == TreeNode::Kind::Folder) {
             done = zip.addFolder(inArchive);
         } else if (node.kind == TreeNode::Kind::Link) {

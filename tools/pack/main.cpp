@@ -29,21 +29,24 @@ Makes and proves stores from collections of applications.
   --help      with a verb: what it takes
   --version   the version of this tool
 
-Exit status: 0 nothing is wrong; 1 something cannot be read or written; 2 errors were found, or the stores differ; 64 wrong
-arguments.
+Exit status: 0 nothing is wrong; 1 something cannot be read or written; 2
+errors were found, or the stores differ; 64 wrong arguments.
 )";
 
 constexpr char newHelp[] = R"(usage: plovistore-pack new COLLECTION APP.app...
 
-Makes the folder COLLECTION, which must not exist: collection.json with an entry for each application, a brand image and a
-screenshot to begin with, the applications in apps/ and their icons in icons/. Name, identifier, version, minimum,
-architecture and icon are the application's own; the texts are yours to write.
+Makes the folder COLLECTION, which must not exist: collection.json with an
+entry for each application, a brand image and a screenshot to begin with, the
+applications in apps/ and their icons in icons/. Name, identifier, version,
+minimum, architecture and icon are the application's own; the texts are yours
+to write.
 )";
 
 constexpr char checkHelp[] = R"(usage: plovistore-pack check PATH [--apps DIR] [--json] [--strict]
 
-Tells everything that is wrong with PATH, a collection's folder or a store's .app, and writes nothing. A store's archives are
-read through to the applications in them; any number of entries can be proved.
+Tells everything that is wrong with PATH, a collection's folder or a store's
+.app, and writes nothing. A store's archives are read through to the
+applications in them; any number of entries can be proved.
 
   --apps DIR   where the collection's applications lie, instead of PATH/apps
   --json       write one JSON object instead of lines
@@ -51,20 +54,24 @@ read through to the applications in them; any number of entries can be proved.
 )";
 
 constexpr char packHelp[] =
-    R"(usage: plovistore-pack pack COLLECTION STORE.app [--apps DIR] [--program STORE.app] [--json] [--strict]
+    R"(usage: plovistore-pack pack COLLECTION STORE.app [--apps DIR]
+                            [--program STORE.app] [--json] [--strict]
 
-Packs COLLECTION (collection.json, Brand.svg, BriskoScreen.png, icons/, apps/) into a whole store and proves it. STORE.app is
-replaced in one step, and only if there is no error. The same collection gives the same bytes.
+Packs COLLECTION (collection.json, Brand.svg, BriskoScreen.png, icons/, apps/)
+into a whole store and proves it. STORE.app is replaced in one step, and only
+if there is no error. The same collection gives the same bytes.
 
   --apps DIR            where the applications lie, instead of COLLECTION/apps
-  --program STORE.app   the bundle to take program, window and Info.plist from, instead of the one this tool belongs to
+  --program STORE.app   the bundle to take program, window and Info.plist from,
+                        instead of the one that this tool belongs to
   --json                write one JSON object instead of lines
   --strict              end with status 2, and without a store, for warnings too
 )";
 
 constexpr char diffHelp[] = R"(usage: plovistore-pack diff OLD.app NEW.app [--json]
 
-Tells which entries were added, removed and changed from one store to the other. Ends with status 2 when they differ.
+Tells which entries were added, removed and changed from one store to the
+other. Ends with status 2 when they differ.
 
   --json   write one JSON object instead of lines
 )";
