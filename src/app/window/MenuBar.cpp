@@ -5,7 +5,7 @@
 
 #include <QStyleOption>
 
-MenuBar::MenuBar(std::function<bool(Command)> isAvailable, QWidget* parent) : QMenuBar(parent)
+MenuBar::MenuBar(const std::function<bool(Command)>& isAvailable, QWidget* parent) : QMenuBar(parent)
 {
     // A menu bar outside the window would have to be asked for over the bus before the window can be shown.
     setNativeMenuBar(false);

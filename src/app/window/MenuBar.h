@@ -12,7 +12,7 @@ class MenuBar : public QMenuBar {
 
 public:
     /// `isAvailable` answers whether a command would do anything; it is asked whenever a menu opens.
-    explicit MenuBar(std::function<bool(Command)> isAvailable, QWidget* parent = nullptr);
+    explicit MenuBar(const std::function<bool(Command)>& isAvailable, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     void chosen(Command command);
