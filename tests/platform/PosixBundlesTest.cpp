@@ -1,40 +1,16 @@
 #include "platform/posix/PosixBundles.h"
 
+#include "platform/TestBundle.h"
 #include "platform/posix/BundleInfo.h"
 #include "platform/posix/PropertyList.h"
-
-#include <QByteArray>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <fstream>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class BundleFolder : public testing::Test {
-protected:
-    Path place(const char* name) const { return toPath(m_folder.path()) / name; }
-
-    Path bundle(const QByteArray& list) const
-    {
-        Path app = place("Brisko.app");
-        std::filesystem::create_directories(app / "Contents" / "MacOS");
-        std::ofstream(app / "Contents" / "Info.plist", std::ios::binary) << list.toStdString();
-        return app;
-    }
-
-private:
-    QTemporaryDir m_folder;
+struct BundleFolder : FolderTest {
+    const Path app = folder / "Brisko.app";
 };
-
-QByteArray xmlList(const QByteArray& content)
-{
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>" + content
-        + "</dict></plist>";
-}
 
 /// A list of these objects, the first of which is its top, with offsets of two bytes and references of one.
 QByteArray binaryList(const QByteArrayList& objects)
@@ -51,13 +27,13 @@ QByteArray binaryList(const QByteArrayList& objects)
 }
 
 const QByteArray identifierKey = QByteArray::fromHex("5f1012") + "CFBundleIdentifier";
-const QByteArray identifier = "<key>CFBundleIdentifier</key><string>a.b</string>";
-const QByteArray complete = xmlList("<key>Documents</key><array><dict>" + identifier.chopped(12)
-    + "c</string></dict></array><key>CFBundleExecutable</key><string>Бриско</string>" + identifier);
+const QByteArray identifier = xmlIdentifier("a.b");
+const QByteArray complete = xmlList("<key>Documents</key><array><dict>" + xmlIdentifier("a.b.c")
+    + "</dict></array><key>CFBundleExecutable</key><string>Бриско</string>" + identifier);
 
 TEST_F(BundleFolder, AListOfEitherFormIsReadWhateverElseItHolds)
 {
-    EXPECT_EQ(readBundleInfo(bundle(complete)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
+    EXPECT_EQ(readBundleInfo(makeBundle(app, complete)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
 
     // Beside both texts, lists of lists: each refers twice to the next.
     QByteArrayList objects{QByteArray::fromHex("d3010304020506"), identifierKey, "Sa.b",
@@ -67,7 +43,7 @@ TEST_F(BundleFolder, AListOfEitherFormIsReadWhateverElseItHolds)
         objects.append(QByteArray(1, '\xa2') + next + next);
     objects.append("\xa0");
     const QByteArray list = binaryList(objects);
-    EXPECT_EQ(readBundleInfo(bundle(list)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
+    EXPECT_EQ(readBundleInfo(makeBundle(app, list)), (BundleInfo{u"a.b"_s, u"Бриско"_s}));
 
     for (qsizetype at = 0; at < list.size(); ++at) {
         QByteArray damaged = list;
@@ -77,20 +53,14 @@ TEST_F(BundleFolder, AListOfEitherFormIsReadWhateverElseItHolds)
     }
 }
 
-TEST_F(BundleFolder, WhatIsNoBundleHasNoIdentifier)
+TEST_F(BundleFolder, WhatIsNoBundleOrHasNoListWithAnIdentifierNamesNone)
 {
     const PosixBundles bundles;
-    std::ofstream(place("File.app")) << "text";
-    std::filesystem::create_directories(place("Empty.app") / "Contents");
-    std::filesystem::create_directories(place("Odd.app") / "Contents" / "Info.plist");
+    writeFile(folder / "File.app", "text");
+    std::filesystem::create_directories(folder / "Odd.app/Contents/Info.plist");
+    for (const char* name : {"Missing.app", "File.app", "Odd.app"})
+        EXPECT_FALSE(bundles.bundleIdentifier(folder / name)) << name;
 
-    for (const char* name : {"Missing.app", "File.app", "Empty.app", "Odd.app"})
-        EXPECT_FALSE(bundles.bundleIdentifier(place(name))) << name;
-}
-
-TEST_F(BundleFolder, AListWithoutAnIdentifierNamesNone)
-{
-    const PosixBundles bundles;
     const auto keyAnd = [](const QByteArray& marker, const QByteArray& value) {
         return binaryList({QByteArray::fromHex(marker), identifierKey, QByteArray::fromHex(value)});
     };
@@ -105,19 +75,16 @@ TEST_F(BundleFolder, AListWithoutAnIdentifierNamesNone)
              binaryList({"Sa.b"}), binaryList({}), keyAnd("a101", ""), keyAnd("d10103", ""),
              keyAnd("d10102", "09"), keyAnd("d10102", "5f1300000000ffffffff"),
              keyAnd("df13ffffffffffffffff0102", "5161")})
-        EXPECT_FALSE(bundles.bundleIdentifier(bundle(list))) << list.left(120).toStdString();
+        EXPECT_FALSE(bundles.bundleIdentifier(makeBundle(app, list))) << list.left(120).toStdString();
 }
 
 TEST_F(BundleFolder, TheMainResourcesLieBesideTheProgramBehindAnyLink)
 {
-    const Path program = bundle(complete) / "Contents" / "MacOS" / "Brisko";
-    std::ofstream(program) << "program";
-    std::filesystem::create_symlink(program, place("link"));
-
-    const Path resources = std::filesystem::canonical(place("Brisko.app")) / "Contents" / "Resources";
-    EXPECT_EQ(PosixBundles(program).mainResources(), resources);
-    EXPECT_EQ(PosixBundles(place("link")).mainResources(), resources);
-
+    const Path program = app / "Contents/MacOS/Brisko", link = folder / "link";
+    writeFile(program, "program");
+    std::filesystem::create_symlink(program, link);
+    for (const Path& executable : {program, link})
+        EXPECT_EQ(PosixBundles(executable).mainResources(), app / "Contents/Resources");
     const Path running = std::filesystem::read_symlink("/proc/self/exe");
     EXPECT_EQ(PosixBundles().mainResources(), running.parent_path().parent_path() / "Resources");
 }

@@ -44,6 +44,11 @@ StoreWindow::StoreWindow(Store& store, QWidget* parent) : QMainWindow(parent), m
         new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, &StoreWindow::refresh);
 }
 
+StoreWindow::~StoreWindow()
+{
+    disconnect(qApp, nullptr, this, nullptr); // Its children lose the focus after its members have gone.
+}
+
 bool StoreWindow::isAvailable(Command command) const
 {
     return command < Command::Undo || command > Command::SelectAll || canEdit(m_edited, command);

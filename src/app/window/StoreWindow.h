@@ -16,6 +16,7 @@ class StoreWindow : public QMainWindow {
 public:
     /// `store` outlives the window.
     explicit StoreWindow(Store& store, QWidget* parent = nullptr);
+    ~StoreWindow() override;
 
     /// Shows the window and asks the desktop to bring it to the front.
     void raiseToFront();

@@ -5,48 +5,30 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 
+#include <array>
 #include <cstdio>
+#include <cstdlib>
 
-namespace {
-
-void say(const char* text)
-{
-    std::puts(text);
-    std::fflush(stdout);
-}
-
-} // namespace
-
-/// Starts as the program of the bundle at its argument does, says which role it got, and in the first role
-/// waits to be raised once; alone, it says what bus a program that it started would use.
+/// Starts as the program does, with so many milliseconds of patience, and says which role it got. In the
+/// first role it stays and says with which token it is raised; else it says what bus a program that it
+/// started would use.
 int main(int argumentCount, char** arguments)
 {
+    ::setlinebuf(stdout);
     SingleInstance instance(
-        instanceName(QStringLiteral("org.orbanel.test"), arguments[1]),
-        [] {
-            say(qgetenv("XDG_ACTIVATION_TOKEN").constData());
-            QCoreApplication::quit();
-        },
-        std::chrono::milliseconds(500));
+        instanceName(QStringLiteral("org.orbanel.test"), "/Applications/Test.app"),
+        [] { std::puts(qgetenv("XDG_ACTIVATION_TOKEN").constData()); },
+        std::chrono::milliseconds(std::atoi(arguments[1])));
     const auto role = instance.claim();
-    QCoreApplication application(argumentCount, arguments);
-    switch (role) {
-    case SingleInstance::Role::First:
-        say("first");
+    const QCoreApplication application(argumentCount, arguments);
+    // What Qt itself does on many desktops while it starts.
+    QDBusConnection::sessionBus();
+    std::puts(std::array{"first", "second", "alone"}.at(std::size_t(role)));
+    if (role == SingleInstance::Role::First)
         return QCoreApplication::exec();
-    case SingleInstance::Role::Second:
-        say("second");
-        break;
-    case SingleInstance::Role::Alone:
-        // What Qt itself does on many desktops while it starts.
-        QDBusConnection::sessionBus();
-        say("alone");
-        for (const std::string& variable : programEnvironment()) {
-            if (variable.starts_with(addressVariable))
-                say(variable.c_str());
-        }
-        say("no more");
-        break;
+    for (const std::string& variable : programEnvironment()) {
+        if (variable.starts_with(addressVariable))
+            std::puts(variable.c_str());
     }
     return 0;
 }

@@ -1,4 +1,6 @@
 #include "platform/desktop/DesktopWorkspace.h"
+#include "platform/EnvironmentVariable.h"
+#include "platform/TestBundle.h"
 #include "platform/desktop/TestSession.h"
 
 #include <QDBusConnection>
@@ -8,28 +10,25 @@
 
 #include <cerrno>
 #include <csignal>
-#include <fcntl.h>
-#include <filesystem>
 #include <future>
 #include <regex>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using session::home;
-using session::makeBundle;
-using session::writeProgram;
+using std::filesystem::perms;
 using testing::HasSubstr;
 using testing::Not;
 
 namespace {
 
-/// Tells all that a program can say of the process it runs in.
-const std::string reporter =
-    "#!/bin/sh\n"
-    "{ echo \"pid=$$\"; echo \"program=$0\"; echo \"folder=$(pwd)\"\n"
-    "  echo \"session=$(cut -d ' ' -f 6 /proc/$$/stat)\"\n"
-    "  grep -E 'Sig(Blk|Ign)' /proc/$$/status; ls -l /proc/$$/fd; env; } > \"$REPORT\"\n";
+const QByteArray entryHead = "[Desktop Entry]\nType=Application\nName=Brisko\nExec=";
+
+/// Tells all that a program can say of the process it runs in. Its status comes first and by the shell alone,
+/// which blocks signals while it starts another program.
+const QByteArray reporter = R"(#!/bin/sh
+{ while read -r line; do echo "$line"; done < /proc/$$/status
+  echo "program=$0"; printf folder=; pwd; ls -l /proc/$$/fd; env; } > "$REPORT")";
 
 std::string field(const std::string& report, const std::string& name)
 {
@@ -38,8 +37,7 @@ std::string field(const std::string& report, const std::string& name)
     return match[2];
 }
 
-class DesktopWorkspaceTest : public testing::Test {
-protected:
+struct DesktopWorkspaceTest : testing::Test {
     Result<void> open(const Path& place)
     {
         std::promise<Result<void>> outcome;
@@ -47,126 +45,98 @@ protected:
         return outcome.get_future().get();
     }
 
-    const Path applications = home() / "Applications";
+    const Path bundle = makeBundle(home() / "Applications/Brisko.app", xmlList({}));
+    const Path program = bundle / "Contents/MacOS/Brisko";
+    const Path entry = home() / "brisko.desktop";
     DesktopWorkspace workspace;
 };
 
-class FileManagerService : public QObject {
+struct FileManager : QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-
-public:
-    QStringList shown;
-
 public Q_SLOTS:
-    void ShowItems(const QStringList& addresses, const QString&) { shown += addresses; }
+    void ShowItems(const QStringList& addresses, const QString&) { setObjectName(addresses.join(u' ')); }
 };
 
 } // namespace
 
-TEST_F(DesktopWorkspaceTest, AnOpenedBundleHasNothingOfThisProcess)
+TEST_F(DesktopWorkspaceTest, WhatIsOpenedHasNothingOfThisProcess)
 {
-    const Path bundle = makeBundle(applications / "Brisko.app", "org.orbanel.brisko");
-    writeProgram(bundle, "Brisko", reporter);
-    const int leaked = ::open((home() / "leaked").c_str(), O_CREAT | O_RDWR, 0600);
-    const auto formerHandler = ::signal(SIGUSR1, SIG_IGN);
-    qputenv("LD_BIND_NOW", "1");
-    qputenv("XDG_ACTIVATION_TOKEN", "spent");
+    writeFile(program, reporter, perms::owner_all);
+    writeFile(entry, entryHead + program.c_str());
+    const EnvironmentVariable loader("LD_BIND_NOW", "1"), token("XDG_ACTIVATION_TOKEN", "spent");
+    const std::ofstream leaked(home() / "leaked");
+    // Nothing here needs the signal, before or after.
+    ::signal(SIGUSR1, SIG_IGN);
+    sigset_t blocked{};
+    ::sigaddset(&blocked, SIGUSR1);
+    ::pthread_sigmask(SIG_BLOCK, &blocked, nullptr);
+    std::string report;
+    for (const Path& place : {entry, bundle}) {
+        EXPECT_TRUE(open(place));
+        report = session::nextReport();
+        EXPECT_EQ(field(report, "NSsid"), field(report, "NSpid"));
+        for (const char* trace : {"leaked", "LD_BIND_NOW", "XDG_ACTIVATION_TOKEN"})
+            EXPECT_THAT(report, Not(HasSubstr(trace)));
+    }
 
-    ASSERT_TRUE(open(bundle));
-    const auto report = session::nextReport();
-    ::close(leaked);
-    ::signal(SIGUSR1, formerHandler);
-    qunsetenv("LD_BIND_NOW");
-    qunsetenv("XDG_ACTIVATION_TOKEN");
-
-    EXPECT_EQ(field(report, "program"), (bundle / "Contents/MacOS/Brisko").string());
+    EXPECT_EQ(field(report, "program"), program.string());
     EXPECT_EQ(field(report, "folder"), home().string());
-    EXPECT_EQ(field(report, "session"), field(report, "pid"));
+    EXPECT_EQ(field(report, "HOME"), home().string());
     EXPECT_EQ(field(report, "SigBlk"), "0000000000000000");
     constexpr auto ordinarySignals = (1ULL << 31) - 1; // The C library keeps the next two to itself.
     EXPECT_EQ(std::stoull(field(report, "SigIgn"), nullptr, 16) & ordinarySignals, 0);
-    EXPECT_EQ(field(report, "HOME"), home().string());
-    EXPECT_THAT(report, Not(HasSubstr("leaked")));
-    EXPECT_THAT(report, Not(HasSubstr("LD_BIND_NOW")));
-    EXPECT_THAT(report, Not(HasSubstr("XDG_ACTIVATION_TOKEN")));
     EXPECT_THAT(report, HasSubstr("0 -> /dev/null"));
-    const pid_t child = std::stoi(field(report, "pid"));
-    EXPECT_TRUE(QTest::qWaitFor([child] { return ::kill(child, 0) != 0 && errno == ESRCH; }))
+    const pid_t child = std::stoi(field(report, "Pid"));
+    EXPECT_TRUE(QTest::qWaitFor([child] { return ::kill(child, 0) != 0 && errno == ESRCH; }, 60'000))
         << "A zombie is left.";
 }
 
 TEST_F(DesktopWorkspaceTest, WhatCannotBeOpenedSaysWhy)
 {
-    struct Row {
-        std::string program;
-        std::filesystem::perms permissions;
-        int code;
-        QString text;
-    };
-    constexpr auto all = std::filesystem::perms::owner_all;
-    const Row rows[] = {
-        {reporter, std::filesystem::perms::owner_read, EACCES,
-            u"Файл программы не помечен как исполняемый."_s},
-        {"\xCF\xFA\xED\xFE", all, ENOEXEC, systemFailure(ENOEXEC).localizedDescription},
-        {"Hello", all, ENOEXEC, u"Файл приложения не является программой."_s},
-        {"#!/no/such/interpreter\n", all, ENOENT,
+    const std::tuple<QByteArray, perms, int, QString> rows[] = {
+        {"\xCF\xFA\xED\xFE", perms::owner_all, ENOEXEC, systemFailure(ENOEXEC).localizedDescription},
+        {"Hello", perms::owner_all, ENOEXEC, u"Файл приложения не является программой."_s},
+        {"#!/no/such/interpreter\n", perms::owner_all, ENOENT,
             u"На компьютере нет программы, которая выполняет это приложение."_s},
+        {"Hello", perms::owner_read, EACCES, u"Файл программы не помечен как исполняемый."_s},
     };
-    const Path bundle = makeBundle(applications / "Broken.app", "org.orbanel.broken");
-    EXPECT_EQ(open(bundle).error(), (Failure{systemDomain, ENOENT, u"В приложении нет его программы."_s}));
-    for (const Row& row : rows) {
-        writeProgram(bundle, "Broken", row.program);
-        std::filesystem::permissions(bundle / "Contents/MacOS/Broken", row.permissions);
-        EXPECT_EQ(open(bundle).error(), (Failure{systemDomain, row.code, row.text}));
+    for (const auto& [content, permissions, code, text] : rows) {
+        writeFile(program, content, permissions);
+        EXPECT_EQ(open(bundle).error(), (Failure{systemDomain, code, text}));
     }
-    EXPECT_EQ(open(applications / "Nowhere.app").error(), systemFailure(ENOENT));
-}
+    std::filesystem::remove(program);
+    EXPECT_EQ(open(bundle).error(), (Failure{systemDomain, ENOENT, u"В приложении нет его программы."_s}));
+    for (const char* missing : {"Nowhere.app", "missing.desktop"})
+        EXPECT_EQ(open(home() / missing).error(), systemFailure(ENOENT));
 
-TEST_F(DesktopWorkspaceTest, ADesktopEntryIsOpenedInItsOwnSession)
-{
-    const std::string head = "[Desktop Entry]\nType=Application\nName=Brisko\n";
-    writeProgram(applications, "entry", reporter);
-    session::write(
-        home() / "good.desktop", head + "Exec=" + (applications / "Contents/MacOS/entry").string() + "\n");
-    session::write(home() / "bad.desktop", head + "Exec=/no/such/program\n");
-
-    ASSERT_TRUE(open(home() / "good.desktop"));
-    const auto report = session::nextReport();
-
-    EXPECT_EQ(field(report, "session"), field(report, "pid"));
-    EXPECT_EQ(open(home() / "bad.desktop").error().localizedDescription,
-        u"Ярлык программы повреждён или отключён."_s);
-    EXPECT_EQ(open(home() / "missing.desktop").error(), systemFailure(ENOENT));
-
-    const QByteArray bus = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    const session::SilentBus silent;
-    qputenv("DBUS_SESSION_BUS_ADDRESS", silent.address());
-    EXPECT_EQ(open(home() / "good.desktop").error().localizedDescription, u"Рабочий стол не отвечает."_s);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", bus);
+    writeFile(entry, entryHead + "/no/such/program");
+    EXPECT_EQ(open(entry).error(), (Failure{u"GIO"_s, 0, u"Ярлык программы повреждён или отключён."_s}));
+    writeFile(entry, entryHead + "sh");
+    session::signalBus(SIGSTOP);
+    EXPECT_EQ(open(entry).error(), (Failure{systemDomain, ETIMEDOUT, u"Рабочий стол не отвечает."_s}));
+    session::signalBus(SIGCONT);
 }
 
 TEST_F(DesktopWorkspaceTest, RevealingAsksTheFileManagerElseOpensTheFolder)
 {
-    const Path folder = session::makeFolder(home() / "Мои загрузки");
-    const auto address = QByteArray("file://") + home().c_str()
-        + "/%D0%9C%D0%BE%D0%B8%20%D0%B7%D0%B0%D0%B3%D1%80%D1%83%D0%B7%D0%BA%D0%B8";
-    FileManagerService service;
-    auto bus =
-        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), u"userFolders"_s);
-    bus.registerObject(u"/org/freedesktop/FileManager1"_s, &service, QDBusConnection::ExportAllSlots);
+    const Path file = home() / "50% Мои #1?/файл.zip";
+    writeFile(file, {});
+    FileManager fileManager;
+    auto bus = QDBusConnection::sessionBus();
+    bus.registerObject(u"/org/freedesktop/FileManager1"_s, &fileManager, QDBusConnection::ExportAllSlots);
 
     bus.registerService(u"org.freedesktop.FileManager1"_s);
-    workspace.reveal(folder / "50% #1?.zip");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !service.shown.isEmpty(); }));
-    EXPECT_EQ(service.shown, QStringList{QString::fromLatin1(address + "/50%25%20%231%3F.zip")});
+    workspace.reveal(file);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !fileManager.objectName().isEmpty(); }, 60'000));
+    EXPECT_EQ(fileManager.objectName().toStdString(),
+        "file://" + home().string() + "/50%25%20%D0%9C%D0%BE%D0%B8%20%231%3F/%D1%84%D0%B0%D0%B9%D0%BB.zip");
 
     bus.unregisterService(u"org.freedesktop.FileManager1"_s);
-    workspace.reveal(folder / "50% #1?.zip");
+    workspace.reveal(file);
     auto opened = std::async(std::launch::async, session::nextReport);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return opened.wait_for(0s) == std::future_status::ready; }));
-    EXPECT_EQ(opened.get(), folder.string());
-    QDBusConnection::disconnectFromBus(u"userFolders"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return opened.wait_for(0s) == std::future_status::ready; }, 60'000));
+    EXPECT_EQ(opened.get(), file.parent_path().string());
 }
 
 #include "DesktopWorkspaceTest.moc"

@@ -1,0 +1,76 @@
+#include "platform/EnvironmentVariable.h"
+#include "platform/desktop/EndingSignals.h"
+#include "platform/desktop/SingleInstance.h"
+#include "platform/desktop/TestSession.h"
+
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto patient = "60000", hasty = "500";
+
+/// What another start of the program says until it ends.
+QByteArray start(const char* patience)
+{
+    QProcess process;
+    process.start(QStringLiteral(CLAIMANT), {QString::fromLatin1(patience)});
+    process.waitForFinished();
+    return process.readAll();
+}
+
+} // namespace
+
+TEST(SingleInstance, ASecondStartRaisesTheFirstUnlessThatOrTheBusHangsAndWhatItStartsHasTheUsersOwnBus)
+{
+    EXPECT_NE(instanceName(u"a"_s, "/b"), instanceName(u"b"_s, "/b"));
+    EXPECT_NE(instanceName(u"a"_s, "/b"), instanceName(u"a"_s, "/c"));
+    const char* const name = "DBUS_SESSION_BUS_ADDRESS";
+    const auto with = [name](const QByteArray& address) { return name + ('=' + address + '\n'); };
+    const QByteArray address = qgetenv(name);
+    QProcess first;
+    first.start(QStringLiteral(CLAIMANT), {QString::fromLatin1(patient)});
+    first.waitForReadyRead();
+    EXPECT_EQ(first.readAll(), "first\n");
+
+    qputenv("XDG_ACTIVATION_TOKEN", "token-of-the-click");
+    EXPECT_EQ(start(patient), "second\n" + with(address));
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    first.waitForReadyRead();
+    EXPECT_EQ(first.readAll(), "token-of-the-click\n");
+    ::kill(pid_t(first.processId()), SIGSTOP);
+    EXPECT_EQ(start(hasty), "alone\n" + with(address));
+    first.kill();
+    first.waitForFinished();
+
+    session::signalBus(SIGSTOP);
+    EXPECT_EQ(start(hasty), "alone\n" + with(address));
+    session::signalBus(SIGCONT);
+    for (const QByteArray& absent : {QByteArray("unix:path=/no/such/socket"), QByteArray()}) {
+        const EnvironmentVariable bus(name, absent);
+        EXPECT_EQ(start(patient), absent.isEmpty() ? "alone\n" : "alone\n" + with(absent));
+    }
+}
+
+TEST(EndingSignals, EachIsHeardByTheEventLoopUnlessItWasIgnored)
+{
+    int asked = 0, expected = 0;
+    for (const int ignored : {SIGHUP, SIGINT}) {
+        ::signal(ignored, SIG_IGN);
+        const EndingSignals listening([&asked] { ++asked; });
+        for (const int number : {ignored, SIGTERM, SIGHUP, SIGINT}) {
+            ::raise(number);
+            EXPECT_EQ(asked, expected);
+            expected += number == ignored ? 0 : 1;
+            EXPECT_TRUE(QTest::qWaitFor([&] { return asked == expected; })) << number;
+        }
+        ::signal(ignored, SIG_DFL);
+    }
+    EXPECT_EQ(::signal(SIGTERM, SIG_DFL), SIG_DFL);
+}
