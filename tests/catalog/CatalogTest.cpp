@@ -20,6 +20,12 @@ void* operator new(std::size_t size)
     return memory;
 }
 
+// The library that parses asks in this way too; both must come from the same place.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return std::malloc(size);
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
