@@ -16,6 +16,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -84,6 +85,9 @@ void Sidebar::present(const SidebarContent& content)
 
 void Sidebar::presentBrandImage(const Path& file)
 {
+    // Read once: the window is presented anew with every keystroke.
+    if (std::exchange(m_brandFile, file) == file)
+        return;
     const QSizeF box(Look::brandImage, Look::brandImage);
     const qreal ratio = devicePixelRatio();
     if (m_brandResource.load(file, int(box.width() * ratio)))

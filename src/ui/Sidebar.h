@@ -33,6 +33,7 @@ private:
     void presentBrandImage(const Path& file);
 
     QLabel* m_brandImage;
+    Path m_brandFile;
     ResourceImage m_brandResource;
     TextLabel* m_brandName;
     SearchField* m_search;
