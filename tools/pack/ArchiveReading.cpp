@@ -5,6 +5,7 @@
 #include <archive.h>
 #include <archive_entry.h>
 
+#include <climits>
 #include <memory>
 #include <vector>
 
@@ -53,7 +54,8 @@ public:
                 u"it unpacks to more than %1 times its size, or than 64 GiB"_s.arg(largestRatio));
         else if (status != ARCHIVE_EOF)
             tell(Code::ArchiveDamaged,
-                u"it does not unpack: %1"_s.arg(QString::fromUtf8(archive_error_string(m_zip.get()))));
+                u"it does not unpack: %1"_s.arg(
+                    m_fault.isNull() ? QString::fromUtf8(archive_error_string(m_zip.get())) : m_fault));
         if (!m_strangers.isEmpty())
             tell(Code::ArchiveShape,
                 u"it must hold only the folder %1, and holds %2"_s.arg(
@@ -69,6 +71,12 @@ private:
         const char* const raw = archive_entry_pathname(entry);
         const std::string whole = utf8 ? utf8 : raw ? raw : "";
         TreeNode node = nodeOf(entry);
+        // Other methods unpack only in some programs, and may want gigabytes of memory.
+        const std::string_view format = archive_format_name(m_zip.get());
+        if (!format.ends_with("(uncompressed)") && !format.ends_with("(deflation)"))
+            return refuse(whole, u"is neither stored nor deflated"_s);
+        if (node.target.size() >= PATH_MAX)
+            return refuse(whole, u"leads to a place with too long a name"_s);
         m_entrySize = 0;
         QByteArray content;
         const bool isList = whole == m_top + "/Contents/Info.plist";
@@ -110,15 +118,20 @@ private:
         return node;
     }
 
+    int refuse(const std::string& name, const QString& why)
+    {
+        m_fault = QString::fromStdString(name) + u' ' + why;
+        return ARCHIVE_FATAL;
+    }
+
     /// Reads a file through and keeps its beginning.
     int readContent(QByteArray& content, qint64 kept)
     {
-        std::vector<char> block(blockSize);
         la_ssize_t length = 0;
-        while ((length = archive_read_data(m_zip.get(), block.data(), block.size())) > 0) {
+        while ((length = archive_read_data(m_zip.get(), m_block.data(), m_block.size())) > 0) {
             m_entrySize += length;
             m_room -= length;
-            content.append(block.data(), std::min<qint64>(length, kept - content.size()));
+            content.append(m_block.data(), std::min<qint64>(length, kept - content.size()));
             if (m_room < 0)
                 return ARCHIVE_FATAL;
         }
@@ -155,6 +168,9 @@ private:
     Place m_place;
     Findings& m_findings;
     Tree m_tree;
+    std::vector<char> m_block = std::vector<char>(blockSize);
+    /// Why the reading was given up; null when the library did so.
+    QString m_fault;
     /// Names that lie outside of the top folder, or occur twice.
     QStringList m_strangers;
     /// How many more bytes may be unpacked.

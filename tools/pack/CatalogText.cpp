@@ -35,10 +35,30 @@ QString unescaped(const QByteArray& literal)
     return QJsonDocument::fromJson('[' + literal + ']').array().first().toString();
 }
 
-/// The lines of what stands in a list of objects, whose JSON is sound.
-std::vector<EntryLines> linesOf(const QByteArray& json)
+/// Whether the literal is a text in JSON. Qt takes any character behind a backslash for itself, and leaves
+/// control characters and halves of surrogate pairs in place.
+bool isText(const QByteArray& literal)
 {
+    constexpr QByteArrayView escapes("\"\\/bfnrtu");
+    for (qsizetype place = 0; place < literal.size(); ++place) {
+        if (uchar(literal[place]) < 0x20 || (literal[place] == '\\' && !escapes.contains(literal[++place])))
+            return false;
+    }
+    return !literal.contains("\\u") || unescaped(literal).isValidUtf16();
+}
+
+/// The lines of what stands in a list of objects.
+struct Lines {
     std::vector<EntryLines> entries;
+    /// Of the first text that is none; 0 when all are.
+    int noText = 0;
+};
+
+/// Reads the lines of JSON that Qt has read.
+Lines linesOf(const QByteArray& json)
+{
+    Lines lines;
+    auto& entries = lines.entries;
     QByteArray literal;
     int depth = 0;
     int line = 1;
@@ -59,6 +79,8 @@ std::vector<EntryLines> linesOf(const QByteArray& json)
                 end += json[end] == '\\' ? 2 : 1;
             literal = json.sliced(place, end + 1 - place);
             place = end;
+            if (lines.noText == 0 && !isText(literal))
+                lines.noText = line;
             break;
         }
         case ':':
@@ -81,7 +103,7 @@ std::vector<EntryLines> linesOf(const QByteArray& json)
             break;
         }
     }
-    return entries;
+    return lines;
 }
 
 /// The first line that is not UTF-8; 0 when all are.
@@ -200,10 +222,15 @@ std::vector<EntryText> readEntries(
     }
 
     const QJsonArray list = document.array();
-    const std::vector<EntryLines> lines = linesOf(json);
+    const Lines lines = linesOf(json);
+    if (lines.noText > 0) {
+        findings.push_back({Code::NotJson, {file, lines.noText, {}},
+            u"a text here has a control character, or a backslash before the wrong one"_s, {}, {}});
+        return {};
+    }
     std::vector<EntryText> entries;
     for (qsizetype index = 0; index < list.size(); ++index) {
-        const EntryLines& entryLines = lines.at(std::size_t(index));
+        const EntryLines& entryLines = lines.entries.at(std::size_t(index));
         if (list[index].isObject())
             entries.push_back(readEntry(list[index].toObject(), entryLines, file, kind, findings));
         else

@@ -115,8 +115,8 @@ void checkShared(const std::vector<EntryText>& entries, const QString& file, Cod
             lines.insert(folded(text), line);
         else
             findings.push_back({code, entry.at(file, key),
-                u"\"%1\" is also the %2 in line %3"_s.arg(text, QString::fromLatin1(keyText(key).data()))
-                    .arg(*first),
+                u"\"%1\" is also the %2 in line %3"_s.arg(
+                    text, QString::fromLatin1(keyText(key).data()), QString::number(*first)),
                 {}, text});
     }
 }

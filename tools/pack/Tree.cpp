@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,6 +34,15 @@ bool isUtf8(const std::string& name)
 QString shown(const std::string& name)
 {
     return QString::fromStdString(name);
+}
+
+/// The place of `name` in the folder, which is empty for the top.
+std::string joined(std::string folder, const std::string& name)
+{
+    if (!folder.empty())
+        folder += '/';
+    folder += name;
+    return folder;
 }
 
 /// Reads the beginning of a file; none when that is not possible.
@@ -75,7 +85,7 @@ private:
         for (fs::directory_iterator place(m_folder / folder, error), end; !error && place != end;
              place.increment(error)) {
             const std::string name = place->path().filename().string();
-            const std::string inTree = folder.empty() ? name : folder + '/' + name;
+            const std::string inTree = joined(folder, name);
             if (isLitter(name))
                 tell(Code::Litter, inTree, u"is left by a desktop, and left out"_s);
             else
@@ -143,12 +153,14 @@ bool isLitter(const std::string& name)
 Resolved resolve(const Tree& tree, const std::string& name)
 {
     std::string reached;
-    std::string rest = name;
+    std::string way = name;
+    std::size_t gone = 0;
     int links = 0;
-    while (!rest.empty()) {
-        const auto slash = rest.find('/');
-        const std::string step = rest.substr(0, slash);
-        rest = slash == std::string::npos ? "" : rest.substr(slash + 1);
+    std::size_t lengthOfLinks = 0;
+    while (gone < way.size()) {
+        const auto slash = std::min(way.find('/', gone), way.size());
+        const std::string step = way.substr(gone, slash - gone);
+        gone = std::min(slash + 1, way.size());
         if (step.empty() || step == ".")
             continue;
         const auto parent = reached.rfind('/');
@@ -158,11 +170,11 @@ Resolved resolve(const Tree& tree, const std::string& name)
             reached = parent == std::string::npos ? "" : reached.substr(0, parent);
             continue;
         }
-        const std::string next = reached.empty() ? step : reached + '/' + step;
+        const std::string next = joined(reached, step);
         const auto node = tree.nodes.find(next);
         if (node == tree.nodes.end()) {
             // The way may lead out behind what is missing.
-            const std::string behind = (Path(next) / rest).lexically_normal().string();
+            const std::string behind = (Path(next) / way.substr(gone)).lexically_normal().string();
             return {behind.starts_with("..") ? Resolved::End::Outside : Resolved::End::Missing, next};
         }
         if (node->second.kind != TreeNode::Kind::Link) {
@@ -171,9 +183,11 @@ Resolved resolve(const Tree& tree, const std::string& name)
         }
         if (node->second.target.starts_with('/'))
             return {Resolved::End::Outside, {}};
-        if (++links > mostLinks)
+        lengthOfLinks += node->second.target.size();
+        if (++links > mostLinks || lengthOfLinks > PATH_MAX)
             return {Resolved::End::Missing, next};
-        rest = node->second.target + '/' + rest;
+        way = node->second.target + '/' + way.substr(gone);
+        gone = 0;
     }
     return {Resolved::End::Found, reached};
 }
