@@ -14,18 +14,26 @@
 
 namespace {
 
+int number(const char* variable)
+{
+    const char* const text = std::getenv(variable);
+    return text ? std::atoi(text) : 0;
+}
+
 bool isItsTurn(const char* name)
 {
     static std::atomic<int> calls = 0;
-    if (++calls != std::atoi(std::getenv("FAULT_CALL")))
+    if (++calls != number("FAULT_CALL"))
         return false;
     std::fputs(name, stderr);
-    errno = std::atoi(std::getenv("FAULT_ERROR"));
+    errno = number("FAULT_ERROR");
     return errno != 0 || std::raise(SIGKILL) != 0;
 }
 
 } // namespace
 
+// A type of parameters stands in its own parentheses, and the C library's names of them are reserved.
+// NOLINTBEGIN(bugprone-macro-parentheses, readability-inconsistent-declaration-parameter-name)
 #define REAL(result, name, parameters) reinterpret_cast<result(*) parameters>(dlsym(RTLD_NEXT, #name))
 #define FAILING(result, failed, name, parameters, ...)                                                       \
     __attribute__((visibility("default"))) result name parameters                                            \
@@ -51,3 +59,4 @@ __attribute__((visibility("default"))) int open(const char* name, int flags, ...
     return isNew && isItsTurn("open") ? -1 : REAL(int, open, (const char*, int, ...))(name, flags, 0666);
 }
 }
+// NOLINTEND(bugprone-macro-parentheses, readability-inconsistent-declaration-parameter-name)

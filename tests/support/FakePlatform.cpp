@@ -32,7 +32,7 @@ Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink&
 Result<void> FakePlatform::FakeFiles::copy(
     const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const
 {
-    const auto outcome = readInBlocks(source, sink).and_then(verdict);
+    auto outcome = readInBlocks(source, sink).and_then(verdict);
     if (!outcome)
         return outcome;
     if (const auto error = lookUp(writeErrors, destination))

@@ -63,7 +63,7 @@ Result<std::size_t> readThrough(
         const auto piece = room.subspan(filled, std::min(room.size() - filled, readBlock));
         const auto count = file.read(piece);
         if (!count)
-            return count;
+            return tl::unexpected(count.error());
         if (const auto taken = sink(piece.first(*count)); !taken)
             return tl::unexpected(taken.error());
         filled += *count;

@@ -1,6 +1,7 @@
 #include "ui/kit/LaidText.h"
 
 #include <QPainter>
+#include <QWidget>
 
 namespace {
 
