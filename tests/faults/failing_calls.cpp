@@ -1,15 +1,19 @@
 // Loaded before the C library. Of the calls that make a file or a digest, the one whose number is FAULT_CALL
 // fails with the error FAULT_ERROR; it kills the program where that is 0, and does nothing where it is -1.
-// The standard error names it. With FAULT_NAMED every new file needs a name.
+// The standard error names it. With FAULT_NAMED every new file needs a name; with FAULT_RIVAL another save
+// clears the first one before it is locked.
 
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
@@ -49,6 +53,16 @@ FAILING(int, -1, linkat, (int from, const char* old, int to, const char* name, i
 FAILING(int, -1, rename, (const char* old, const char* name), old, name)
 FAILING(void*, nullptr, EVP_MD_fetch, (void* library, const char* name, const char* wanted), library, name,
     wanted)
+
+__attribute__((visibility("default"))) int flock(int file, int operation)
+{
+    static bool hasRival = std::getenv("FAULT_RIVAL") != nullptr;
+    char name[PATH_MAX] = {};
+    if (hasRival && readlink(("/proc/self/fd/" + std::to_string(file)).c_str(), name, sizeof name - 1) > 0)
+        unlink(name);
+    hasRival = false;
+    return REAL(int, flock, (int, int))(file, operation);
+}
 
 __attribute__((visibility("default"))) int open(const char* name, int flags, ...)
 {

@@ -107,21 +107,32 @@ TEST_F(FilesTest, OnlyARegularFileIsReadOrReplaced)
 
 TEST_F(FilesTest, WhatIsWrittenIsWhatWasShownThoughTheSourceChanges)
 {
-    put(source, QByteArray(20'000'000, 'x'));
-    std::uintmax_t size = 10'000'000;
-    const auto lookAndResize = [&](Files::Bytes bytes) {
-        std::filesystem::resize_file(source, size);
+    const auto resize = [this](std::uintmax_t size) { std::filesystem::resize_file(source, size); };
+    const auto overwrite = [this] { std::fstream(source) << std::string(20'000'000, 'y'); };
+    const auto replace = [this] {
+        put(folder / "other", QByteArray(30'000'000, 'z'));
+        std::filesystem::rename(folder / "other", source);
+    };
+    std::function<void()> change;
+    const auto lookAndChange = [&](Files::Bytes bytes) {
+        std::exchange(change, [] {})();
         return look(bytes);
     };
-
-    EXPECT_TRUE(posix.copy(source, file, lookAndResize, [] { return Result<void>(); }));
-    EXPECT_EQ(seen.size(), 10'000'000);
-    EXPECT_TRUE(posix.read(file) == seen);
+    for (const auto& [happens, size, last] :
+        {std::tuple(std::function([&] { resize(10'000'000); }), 10'000'000, 'x'),
+            {overwrite, 20'000'000, 'y'}, {replace, 20'000'000, 'x'}}) {
+        put(source, QByteArray(20'000'000, 'x'));
+        seen.clear();
+        change = happens;
+        EXPECT_TRUE(posix.copy(source, file, lookAndChange, [] { return Result<void>(); }));
+        EXPECT_EQ(std::pair(seen.size(), seen.back()), std::pair(qsizetype(size), last));
+        EXPECT_TRUE(posix.read(file) == seen);
+    }
 
     seen.clear();
-    size = 10'100'000;
-    EXPECT_TRUE(posix.readInBlocks(source, lookAndResize));
-    EXPECT_EQ(seen.size(), 10'100'000);
+    change = [&] { resize(30'100'000); };
+    EXPECT_TRUE(posix.readInBlocks(source, lookAndChange));
+    EXPECT_EQ(seen.size(), 30'100'000);
 }
 
 TEST_F(FilesTest, AReplacedFileHandsOnWhoseItIsAndItsLink)

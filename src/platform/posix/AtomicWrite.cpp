@@ -112,17 +112,27 @@ int AtomicWrite::create()
 {
     clearLeftovers(m_folder);
     m_file = FileDescriptor(open(m_folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
-    if (!m_file.isOpen()) {
-        // Not every file system knows files without a name. If it is something else, this fails too.
+    if (m_file.isOpen())
+        flock(m_file.number(), LOCK_EX | LOCK_NB);
+    else if (const int error = createNamed(); error != 0)
+        return error;
+    // Past the system's cache: filling fresh pages of it takes several times as long as the disk does.
+    fcntl(m_file.number(), F_SETFL, O_DIRECT);
+    return 0;
+}
+
+// Not every file system knows files without a name. If it was something else, this fails too.
+int AtomicWrite::createNamed()
+{
+    do {
         const Path name = temporaryName(m_folder);
         m_file = FileDescriptor(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (!m_file.isOpen())
             return errno;
         m_temporary = name;
-    }
-    flock(m_file.number(), LOCK_EX | LOCK_NB);
-    // Past the system's cache: filling fresh pages of it takes several times as long as the disk does.
-    fcntl(m_file.number(), F_SETFL, O_DIRECT);
+        flock(m_file.number(), LOCK_EX);
+        // Another save takes the file for a leftover, and clears it, as long as nobody holds the lock.
+    } while (access(m_temporary.c_str(), F_OK) != 0 && errno == ENOENT);
     return 0;
 }
 

@@ -24,6 +24,7 @@ public:
 private:
     int findDestination(const Path& destination);
     int create();
+    int createNamed();
     int giveName();
 
     Path m_destination;
