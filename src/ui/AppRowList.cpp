@@ -8,7 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <ranges>
+#include <numeric>
 
 namespace {
 
@@ -40,10 +40,13 @@ int AppRowList::top(std::size_t position) const
 /// The last row that begins at or above `y`; the first one where none does.
 std::size_t AppRowList::positionAt(int y) const
 {
-    const auto positions = std::views::iota(std::size_t{1}, std::max<std::size_t>(m_list.count(), 1));
-    const auto next =
-        std::ranges::upper_bound(positions, y, {}, [this](std::size_t each) { return top(each); });
-    return std::size_t(next - positions.begin());
+    std::size_t position = 0;
+    std::size_t end = std::max<std::size_t>(m_list.count(), 1);
+    while (position + 1 < end) {
+        const std::size_t middle = std::midpoint(position, end);
+        (top(middle) <= y ? position : end) = middle;
+    }
+    return position;
 }
 
 QSize AppRowList::sizeHint() const

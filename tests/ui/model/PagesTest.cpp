@@ -6,7 +6,6 @@
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::Field;
 
 namespace {
 
