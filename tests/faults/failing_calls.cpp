@@ -5,16 +5,19 @@
 
 #include <atomic>
 #include <cerrno>
-#include <climits>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <utility>
 
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -57,10 +60,8 @@ FAILING(void*, nullptr, EVP_MD_fetch, (void* library, const char* name, const ch
 __attribute__((visibility("default"))) int flock(int file, int operation)
 {
     static bool hasRival = std::getenv("FAULT_RIVAL") != nullptr;
-    char name[PATH_MAX] = {};
-    if (hasRival && readlink(("/proc/self/fd/" + std::to_string(file)).c_str(), name, sizeof name - 1) > 0)
-        unlink(name);
-    hasRival = false;
+    if (std::exchange(hasRival, false))
+        fs::remove(fs::read_symlink("/proc/self/fd/" + std::to_string(file)));
     return REAL(int, flock, (int, int))(file, operation);
 }
 

@@ -132,7 +132,8 @@ def save():
     dialog = wait_for("the save panel", lambda: find("Скачать Brisko", "dialog"))
     screenshot("panel")
     Atspi.Action.do_action(wait_for("«Сохранить»", lambda: find("Сохранить", "push button", dialog)), 0)
-    see("Понятно", "push button")
+    assert see("Понятно", "push button").get_state_set().contains(Atspi.StateType.FOCUSED)
+    assert see("PloviStore", "dialog").get_description().startswith("Brisko сохранён."), "what a screen reader says"
     message = see("PloviStore", "text")
     assert Atspi.Text.get_text(message, 0, -1).startswith("Brisko сохранён.")
     screenshot("alert")

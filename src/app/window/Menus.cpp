@@ -9,7 +9,7 @@ std::vector<Menu> menus()
             {
                 {Command::About, u"О программе PloviStore"_s, {}},
                 {Command::VisitSite, u"Сайт Orbanel"_s, {}},
-                {Command::Quit, u"Завершить PloviStore"_s, QKeySequence::Quit, true},
+                {Command::Quit, u"Завершить PloviStore"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), true},
             }},
         {u"Файл"_s,
             {

@@ -120,7 +120,15 @@ TEST_F(WindowTest, BecomingActiveAndTheRefreshCommandLookAtTheMachineAgain)
 
 TEST_F(WindowTest, EachMenuItemDoesWhatItSays)
 {
-    EXPECT_EQ(std::ranges::count_if(window()->findChildren<QAction*>(), &QAction::isSeparator), 3);
+    QStringList bar;
+    for (const QAction* const item : window()->findChildren<QAction*>())
+        bar += item->isSeparator() ? u"|"_s : item->text() + u' ' + item->shortcut().toString();
+    EXPECT_EQ(bar.join(u','),
+        u"PloviStore ,О программе PloviStore ,Сайт Orbanel ,|,Завершить PloviStore Ctrl+Q,"
+        "Файл ,Закрыть окно Ctrl+W,Правка ,Отменить Ctrl+Z,Повторить Ctrl+Y,|,Вырезать Ctrl+X,Копировать "
+        "Ctrl+C,"
+        "Вставить Ctrl+V,Удалить ,Выделить всё Ctrl+A,|,Найти приложение Ctrl+F,Вид ,Обновить Ctrl+R,"
+        "Полный экран F11,Окно ,Свернуть Ctrl+M,Развернуть "_s);
     choose(u"Сайт Orbanel"_s);
     EXPECT_EQ(platform.workspace.addresses, QStringList{u"https://orbanel.example/store"_s});
 

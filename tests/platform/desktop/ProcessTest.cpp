@@ -1,4 +1,5 @@
 #include "platform/EnvironmentVariable.h"
+#include "platform/desktop/DesktopJobs.h"
 #include "platform/desktop/EndingSignals.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/TestSession.h"
@@ -8,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +58,20 @@ TEST(SingleInstance, ASecondStartRaisesTheFirstUnlessThatOrTheBusHangsAndWhatItS
         const EnvironmentVariable bus(name, absent);
         EXPECT_EQ(start(patient), absent.isEmpty() ? "alone\n" : "alone\n" + with(absent));
     }
+}
+
+TEST(DesktopJobs, TheEndWaitsForAllWorkAndDropsWhatItHasToTell)
+{
+    constexpr int count = 10'000; // The threads cannot keep up with the start of so many.
+    std::atomic<int> done = 0, told = 0;
+    const auto work = [&]() -> Jobs::Task { return ++done, [&told] { ++told; }; };
+    {
+        DesktopJobs jobs;
+        for (int i = 0; i < count; ++i)
+            jobs.start(work);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(std::pair(done.load(), told.load()), std::pair(count, 0));
 }
 
 TEST(EndingSignals, EachIsHeardByTheEventLoopUnlessItWasIgnored)
