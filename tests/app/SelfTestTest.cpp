@@ -63,13 +63,7 @@ struct GoodBundle {
 
 TEST(SelfTest, PrintsALineForEachEntryUntilOneIsWrong)
 {
-    struct Case {
-        const char* situation;
-        std::function<void(GoodBundle&)> arrange;
-        int status;
-        qsizetype passed;
-        QString lastLine;
-    };
+    using Case = std::tuple<const char*, std::function<void(GoodBundle&)>, int, qsizetype, QString>;
     const QString unreadable = systemFailure(EACCES).localizedDescription + u'\n';
     for (const auto& [situation, arrange, status, passed, lastLine] : {
              Case{"good", [](auto&) {}, 0, 4, {}},

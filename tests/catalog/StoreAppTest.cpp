@@ -42,9 +42,7 @@ TEST(StoreApp, EqualsAndHashesAlikeInAnotherSpellingOfTheSameCharacters)
 
 TEST(StoreApp, NamesTheProcessorsItRunsOn)
 {
-    struct Case {
-        QString minimum, architecture, expected;
-    };
+    using Case = std::tuple<QString, QString, QString>;
     for (const auto& [minimum, architecture, expected] : {
              Case{u"13"_s, u"arm64 x86_64"_s, u"macOS 13+ · Apple Silicon и Intel"_s},
              Case{u"13"_s, u"arm64"_s, u"macOS 13+ · Apple Silicon"_s},
@@ -77,12 +75,8 @@ TEST(StoreApp, IsInstalledWhereABundleOfItsNameHasItsIdentifier)
     const Path elsewhere = "/opt/Renamed.app";
     const QString right = sample::brisko().bundleID;
     const QString wrong = u"org.example.other"_s;
-    struct Case {
-        const char* situation;
-        std::map<Path, QString> bundles;
-        std::map<QString, Path> registry;
-        std::optional<Path> expected;
-    };
+    using Case =
+        std::tuple<const char*, std::map<Path, QString>, std::map<QString, Path>, std::optional<Path>>;
     for (const auto& [situation, bundles, registry, expected] : {
              Case{"nowhere", {}, {}, {}},
              Case{"both folders", {{shared, right}, {own, right}}, {}, shared},

@@ -133,11 +133,7 @@ TEST_F(StoreTest, SavesAnArchiveWhoseDigestIsRight)
 
 TEST_F(StoreTest, ReportsAFailedSaveAndKeepsTheOldFile)
 {
-    struct Case {
-        const char* situation;
-        std::function<void(FakePlatform&, StoreApp&)> arrange;
-        QString expected;
-    };
+    using Case = std::tuple<const char*, std::function<void(FakePlatform&, StoreApp&)>, QString>;
     const QString damaged = u"Сборка повреждена. Переустановите PloviStore."_s;
     for (const auto& [situation, arrange, expected] : {
              Case{"damaged", [](auto&p, auto&app) { p.files.content[app.packageURL()] = "x"; }, damaged},

@@ -74,11 +74,7 @@ TEST(Pack, LeavesTheOldStoreUntilTheNewOneIsProved)
     const Sample sample;
     ASSERT_EQ(sample.pack(u"s.app"_s).status, 0);
     ASSERT_EQ(sample.shell(u"cp -a s.app old && sed -i '9s/red//' c/collection.json"_s).status, 0);
-    struct Case {
-        QString script;
-        int status;
-        const char* told;
-    };
+    using Case = std::tuple<QString, int, const char*>;
     for (const auto& [script, status, told] : {
              Case{Sample::packing(u"c"_s, u"s.app"_s) + u"--strict"_s, 2,
                  "collection.json:9: warning: \"tint\" is empty [text-empty]\n0 errors, 1 warning\n"},
