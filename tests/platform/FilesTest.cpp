@@ -108,7 +108,7 @@ TEST_F(FilesTest, OnlyARegularFileIsReadOrReplaced)
 TEST_F(FilesTest, WhatIsWrittenIsWhatWasShownThoughTheSourceChanges)
 {
     const auto resize = [this](std::uintmax_t size) { std::filesystem::resize_file(source, size); };
-    const auto overwrite = [this] { std::fstream(source) << std::string(20'000'000, 'y'); };
+    const auto overwrite = [this] { std::fstream(source) << QByteArray(20'000'000, 'y').toStdString(); };
     const auto replace = [this] {
         put(folder / "other", QByteArray(30'000'000, 'z'));
         std::filesystem::rename(folder / "other", source);

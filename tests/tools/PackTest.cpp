@@ -9,7 +9,6 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-namespace fs = std::filesystem;
 using Sample = SampleCollection;
 using testing::HasSubstr;
 using testing::StartsWith;

@@ -64,7 +64,7 @@ protected:
         (*std::ranges::find(items, title, &QAction::text))->trigger();
     }
 
-    Step key(QKeySequence keys) const
+    Step key(const QKeySequence& keys) const
     {
         return [this, keys] { QTest::keySequence(window(), keys); };
     }
