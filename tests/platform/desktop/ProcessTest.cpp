@@ -46,6 +46,7 @@ TEST(SingleInstance, ASecondStartRaisesTheFirstUnlessThatOrTheBusHangsAndWhatItS
     qunsetenv("XDG_ACTIVATION_TOKEN");
     first.waitForReadyRead();
     EXPECT_EQ(first.readAll(), "token-of-the-click\n");
+    ASSERT_GT(first.processId(), 0) << "else everything would be stopped that runs the tests";
     ::kill(pid_t(first.processId()), SIGSTOP);
     EXPECT_EQ(start(hasty), "alone\n" + with(address));
     first.kill();

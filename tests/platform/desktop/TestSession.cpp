@@ -67,5 +67,6 @@ std::string session::nextReport()
 
 void session::signalBus(int number)
 {
+    ASSERT_GT(environment->bus.processId(), 0) << "else everything would be signalled that runs the tests";
     ::kill(pid_t(environment->bus.processId()), number);
 }
