@@ -12,6 +12,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 # What the programs and the window's module link; nothing else of Qt is loaded but what belongs to these libraries.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# What they load with its first use; GIO comes with Qt.
+set(CPACK_DEBIAN_STORE_PACKAGE_DEPENDS libssl3)
 
 set(CPACK_DEBIAN_STORE_PACKAGE_NAME plovistore)
 set(CPACK_DEBIAN_STORE_PACKAGE_SECTION utils)

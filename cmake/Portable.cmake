@@ -1,5 +1,6 @@
 # Makes a store that runs on machines without Qt: copies into BUNDLE every library, plug-in and translation that it
-# needs, and lets them find each other from where they lie. Run with -DBUNDLE=… -DQT_PLUGINS=… -DQT_TRANSLATIONS=….
+# needs, and lets them find each other from where they lie. Run with -DBUNDLE=… -DQT_PLUGINS=… -DQT_TRANSLATIONS=… and
+# with -DLATE=…, the libraries that the store itself loads.
 cmake_minimum_required(VERSION 3.25)
 set(contents "${BUNDLE}/Contents")
 set(frameworks "${contents}/Frameworks")
@@ -47,7 +48,7 @@ foreach(plugin IN LISTS plugins)
 endforeach()
 file(GET_RUNTIME_DEPENDENCIES
     EXECUTABLES ${programs}
-    MODULES ${loaded}
+    MODULES ${loaded} ${LATE}
     RESOLVED_DEPENDENCIES_VAR libraries
     PRE_EXCLUDE_REGEXES ${outside})
 
@@ -55,7 +56,7 @@ carry("${programs}" "${programs}" "/../Frameworks")
 foreach(module IN LISTS modules)
     carry("${module}" "${module}" "")
 endforeach()
-foreach(library IN LISTS libraries)
+foreach(library IN LISTS libraries LATE)
     cmake_path(GET library FILENAME name)
     carry("${library}" "${frameworks}/${name}" "")
 endforeach()

@@ -1,7 +1,7 @@
-// Loaded before the C library. Of the calls that make a file or a digest, the one whose number is FAULT_CALL
-// fails with the error FAULT_ERROR; it kills the program where that is 0, and does nothing where it is -1.
-// The standard error names it. With FAULT_NAMED every new file needs a name; with FAULT_RIVAL another save
-// clears the first one before it is locked.
+// Loaded before the C library. Of the calls that make a file or load what makes its digest, the one whose
+// number is FAULT_CALL fails with the error FAULT_ERROR; it kills the program where that is 0, and does
+// nothing where it is -1. The standard error names it. With FAULT_NAMED every new file needs a name; with
+// FAULT_RIVAL another save clears the first one before it is locked.
 
 #include <atomic>
 #include <cerrno>
@@ -54,8 +54,7 @@ FAILING(int, -1, fsync, (int file), file)
 FAILING(int, -1, linkat, (int from, const char* old, int to, const char* name, int flags), from, old, to,
     name, flags)
 FAILING(int, -1, rename, (const char* old, const char* name), old, name)
-FAILING(void*, nullptr, EVP_MD_fetch, (void* library, const char* name, const char* wanted), library, name,
-    wanted)
+FAILING(void*, nullptr, dlopen, (const char* library, int mode), library, mode)
 
 __attribute__((visibility("default"))) int flock(int file, int operation)
 {

@@ -1,12 +1,12 @@
 #include "platform/desktop/DesktopEntries.h"
 
+#include "platform/LateLibrary.h"
 #include "platform/desktop/ProgramEnvironment.h"
 #include "platform/desktop/SessionBus.h"
 
 #include <gio/gdesktopappinfo.h>
 
 #include <cerrno>
-#include <dlfcn.h>
 #include <filesystem>
 #include <memory>
 #include <unistd.h>
@@ -18,24 +18,19 @@ namespace {
 /// GIO's functions. Loading it takes a thirtieth of the program's start, so it waits for the first desktop
 /// entry.
 struct Gio {
-    void* library = ::dlopen("libgio-2.0.so.0", RTLD_LAZY | RTLD_LOCAL);
-// NOLINTBEGIN(bugprone-macro-parentheses): it declares a member of the function's own name.
-#define PLOVI_FUNCTION(name)                                                                                 \
-    decltype(::name)* name = reinterpret_cast<decltype(::name)*>(::dlsym(library, #name))
-    // NOLINTEND(bugprone-macro-parentheses)
-    PLOVI_FUNCTION(g_app_info_get_commandline);
-    PLOVI_FUNCTION(g_app_info_launch_default_for_uri);
-    PLOVI_FUNCTION(g_app_launch_context_new);
-    PLOVI_FUNCTION(g_app_launch_context_unsetenv);
-    PLOVI_FUNCTION(g_bus_get_sync);
-    PLOVI_FUNCTION(g_dbus_connection_set_exit_on_close);
-    PLOVI_FUNCTION(g_desktop_app_info_get_is_hidden);
-    PLOVI_FUNCTION(g_desktop_app_info_launch_uris_as_manager);
-    PLOVI_FUNCTION(g_desktop_app_info_new_from_filename);
-    PLOVI_FUNCTION(g_error_free);
-    PLOVI_FUNCTION(g_object_unref);
-    PLOVI_FUNCTION(g_spawn_error_quark);
-#undef PLOVI_FUNCTION
+    LateLibrary library{"libgio-2.0.so.0"};
+    PLOVI_LATE_FUNCTION(g_app_info_get_commandline);
+    PLOVI_LATE_FUNCTION(g_app_info_launch_default_for_uri);
+    PLOVI_LATE_FUNCTION(g_app_launch_context_new);
+    PLOVI_LATE_FUNCTION(g_app_launch_context_unsetenv);
+    PLOVI_LATE_FUNCTION(g_bus_get_sync);
+    PLOVI_LATE_FUNCTION(g_dbus_connection_set_exit_on_close);
+    PLOVI_LATE_FUNCTION(g_desktop_app_info_get_is_hidden);
+    PLOVI_LATE_FUNCTION(g_desktop_app_info_launch_uris_as_manager);
+    PLOVI_LATE_FUNCTION(g_desktop_app_info_new_from_filename);
+    PLOVI_LATE_FUNCTION(g_error_free);
+    PLOVI_LATE_FUNCTION(g_object_unref);
+    PLOVI_LATE_FUNCTION(g_spawn_error_quark);
 };
 
 const Gio& gio()
@@ -57,7 +52,7 @@ using Error = std::unique_ptr<GError, Release>;
 /// there.
 AppInfo readEntry(const Path& file)
 {
-    if (!gio().library)
+    if (!gio().library.isLoaded())
         return nullptr;
     AppInfo entry(gio().g_desktop_app_info_new_from_filename(file.c_str()));
     const char* const program =
@@ -78,7 +73,7 @@ LaunchContext cleanContext()
 /// by default ends the process when the bus goes away. False when there is no use in trying.
 bool joinBus()
 {
-    if (!gio().library || probeSessionBus(std::chrono::seconds(1)) == SessionBus::Silent)
+    if (!gio().library.isLoaded() || probeSessionBus(std::chrono::seconds(1)) == SessionBus::Silent)
         return false;
     const std::unique_ptr<GDBusConnection, Release> bus(
         gio().g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
