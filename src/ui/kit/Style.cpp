@@ -1,12 +1,12 @@
 #include "ui/kit/Style.h"
 
 #include "ui/kit/Accessibility.h"
+#include "ui/kit/FontRendering.h"
 #include "ui/kit/KitStyle.h"
 #include "ui/kit/Words.h"
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QFontMetrics>
 #include <QPalette>
 #include <QScreen>
 
@@ -40,10 +40,10 @@ bool isUnspecific(const QString& family)
 }
 
 /// One family that is there: of several Qt would sort all fonts of the machine at once, and for a missing one
-/// it would take whatever comes first.
+/// it would take whatever comes first. Asked for one family, Qt looks for its aliases as well.
 QString installed(const QString& family, const QString& otherwise)
 {
-    return QFontDatabase::hasFamily(family) ? family : otherwise;
+    return QFontDatabase::families().contains(family) ? family : otherwise;
 }
 
 /// Qt makes FreeType embolden the stems of PostScript outlines, for a way of blending that is not the one
@@ -55,7 +55,7 @@ void drawStemsAsDesigned()
     if (qEnvironmentVariableIsSet(properties))
         return;
     qputenv(properties, "cff:darkening-parameters=500,0,1000,0,1500,0,2000,0");
-    QFontMetrics(QApplication::font()).height();
+    Style::font(Style::body);
     qunsetenv(properties);
 }
 
@@ -114,6 +114,8 @@ QFont font(const TextStyle& style)
         font.setFamilies({rounded});
     font.setPixelSize(px(style.size));
     font.setWeight(weightOf(style.weight));
+    static const FontRendering rendering(QApplication::font());
+    rendering.open(font);
     return font;
 }
 
