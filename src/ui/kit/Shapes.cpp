@@ -16,6 +16,9 @@ constexpr qreal cornerStart = 1.53;
 constexpr qreal cornerPull = 0.99;
 constexpr qreal cornerMiddle = 0.2929;
 
+/// A blur leaves no detail as fine as this many pixels; it is computed for so many at once.
+constexpr int coarseness = 4;
+
 /// Averages each run of 2 × reach + 1 values of `line`, beyond its ends nothing.
 void averageLine(uchar* line, qsizetype count, qsizetype step, int reach, std::vector<uchar>& copy)
 {
@@ -71,20 +74,23 @@ QPainterPath continuousRect(const QRectF& rect, qreal radius)
 Shadow shadowOf(const QImage& picture, qreal blur, QPointF offset, const QColor& color)
 {
     const qreal ratio = picture.devicePixelRatio();
-    const int margin = qCeil(blur * ratio * 1.5);
-    QImage alpha(picture.size() + QSize(2 * margin, 2 * margin), QImage::Format_Alpha8);
+    const int margin = qCeil(blur * ratio * 1.5 / coarseness);
+    const QImage opaque =
+        picture.scaled(picture.size() / coarseness, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_Alpha8);
+    QImage alpha(opaque.size() + QSize(2 * margin, 2 * margin), QImage::Format_Alpha8);
     alpha.fill(0);
-    const QImage opaque = picture.convertToFormat(QImage::Format_Alpha8);
     for (int y = 0; y < opaque.height(); ++y)
         std::copy_n(opaque.constScanLine(y), opaque.width(), alpha.scanLine(y + margin) + margin);
-    soften(alpha, blur * ratio / 2);
+    soften(alpha, blur * ratio / 2 / coarseness);
 
-    QImage image(alpha.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(alpha.size() * coarseness, QImage::Format_ARGB32_Premultiplied);
     image.fill(color);
     QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    painter.drawImage(0, 0, alpha);
+    painter.drawImage(image.rect(), alpha);
     painter.end();
     image.setDevicePixelRatio(ratio);
-    return {image, offset - QPointF(margin, margin) / ratio};
+    return {image, offset - QPointF(margin, margin) * coarseness / ratio};
 }
