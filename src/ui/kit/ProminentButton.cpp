@@ -3,21 +3,28 @@
 #include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 
-ProminentButton::ProminentButton(const QString& title, QWidget* parent) : PlainButton(parent)
+ProminentButton::ProminentButton(const QString& title, QWidget* parent)
+    : PlainButton(parent), m_title(Style::font(Style::button), 0)
 {
     const int bleed = Style::focusGap + Style::focusRing;
     setContentsMargins(bleed, bleed, bleed, bleed);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setFont(Style::font(Style::button));
     setText(title);
+}
+
+void ProminentButton::setText(const QString& title)
+{
+    if (title == text())
+        return;
+    m_title.setText(title);
+    QAbstractButton::setText(title);
 }
 
 QSize ProminentButton::contentSize() const
 {
-    return {fontMetrics().horizontalAdvance(text()) + 2 * Style::buttonMargin, Style::buttonHeight};
+    return {m_title.naturalSize().width() + 2 * Style::buttonMargin, Style::buttonHeight};
 }
 
 ButtonShape ProminentButton::shape() const
@@ -35,5 +42,7 @@ void ProminentButton::paintEvent(QPaintEvent*)
     painter.fillPath(continuousRect(contentsRect(), Style::buttonCorner), fill);
     drawFocusRing(painter);
     painter.setPen(Style::white());
-    painter.drawText(contentsRect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+    QRect title({}, m_title.naturalSize());
+    title.moveCenter(contentsRect().center());
+    m_title.draw(painter, title, Qt::AlignLeft);
 }
