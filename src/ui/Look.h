@@ -11,7 +11,7 @@ using Style::TextStyle;
 using Style::Weight;
 
 inline constexpr Length windowWidth{1180}, windowHeight{840}, windowMinWidth{900}, windowMinHeight{620};
-inline constexpr Length titleBarHeight{42}, refreshSymbol{18};
+inline constexpr Length windowIcon{64}, titleBarHeight{42}, refreshSymbol{18};
 
 inline constexpr Length sidebarMinWidth{220}, sidebarWidth{235}, sidebarMaxWidth{265};
 inline constexpr Length sidebarMargin{16}, sidebarSpacing{22}, sidebarTop{18}, sidebarBottom{18};

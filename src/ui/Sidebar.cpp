@@ -1,6 +1,7 @@
 #include "ui/Sidebar.h"
 
 #include "ui/Look.h"
+#include "ui/ResourceImage.h"
 #include "ui/SectionButton.h"
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
@@ -88,11 +89,13 @@ void Sidebar::presentBrandImage(const Path& file)
     // Read once: the window is presented anew with every keystroke.
     if (std::exchange(m_brandFile, file) == file)
         return;
-    const QSizeF box(Look::brandImage, Look::brandImage);
     const qreal ratio = devicePixelRatio();
-    if (m_brandResource.load(file, int(box.width() * ratio)))
-        m_brandImage->setPixmap(QPixmap::fromImage(m_brandResource.fitted(box, ratio)));
-    m_brandImage->setVisible(!m_brandResource.image().isNull());
+    ResourceImage brand;
+    brand.load(file, int(Look::windowIcon * ratio));
+    const auto fitted = [&](int edge) { return QPixmap::fromImage(brand.fitted(QSizeF(edge, edge), ratio)); };
+    m_brandImage->setPixmap(fitted(Look::brandImage));
+    m_brandImage->setVisible(!brand.image().isNull());
+    setWindowIcon(fitted(Look::windowIcon));
 }
 
 void Sidebar::focusSearch()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/Requests.h"
-#include "ui/ResourceImage.h"
 #include "ui/model/WindowContent.h"
 
 #include <QWidget>
@@ -11,7 +10,7 @@ class SearchField;
 class SectionButton;
 class TextLabel;
 
-/// The left column: brand, search, sections, maker.
+/// The left column: brand, search, sections, maker. Its window icon is the brand image.
 class Sidebar : public QWidget {
     Q_OBJECT
 
@@ -34,7 +33,6 @@ private:
 
     QLabel* m_brandImage;
     Path m_brandFile;
-    ResourceImage m_brandResource;
     TextLabel* m_brandName;
     SearchField* m_search;
     std::array<SectionButton*, 7> m_sections{};

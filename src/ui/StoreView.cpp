@@ -55,6 +55,7 @@ StoreView::StoreView(Store& store, QWidget* parent)
     for (const auto& key : {QKeySequence(Qt::ALT | Qt::Key_Left), QKeySequence(Qt::Key_Back)})
         connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { answer(request::GoBack()); });
     rebuild();
+    setWindowIcon(m_sidebar->windowIcon());
     // The search field takes the focus only when asked for; the page can be scrolled from the start.
     setFocusProxy(m_catalog);
 }

@@ -15,7 +15,8 @@ class SymbolButton;
 class TextLabel;
 
 /// The root view of the window: it owns what the user has chosen to see, and shows it anew after every change
-/// of that or of the store. Its window title is the page's.
+/// of that or of the store. Its window title is the page's, its window icon the brand
+/// image.
 class StoreView : public QWidget {
     Q_OBJECT
 

@@ -9,7 +9,6 @@
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixUserFolders.h"
-#include "ui/ResourceImage.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -25,8 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int windowIconEdge = 64;
 
 /// Takes the toolkit's messages while it looks for a screen. The only thing fatal then is that there is none.
 void endWithoutScreen(QtMsgType type, const QMessageLogContext&, const QString&)
@@ -121,11 +118,6 @@ int PloviStoreMain::run(int argc, char* argv[])
 
 PloviStoreMain::PloviStoreMain() : m_window(m_store)
 {
-    ResourceImage brand;
-    brand.load(Platform::current().bundles->mainResources() / "Brand.png", windowIconEdge);
-    m_window.setWindowIcon(QPixmap::fromImage(
-        brand.fitted(QSizeF(windowIconEdge, windowIconEdge), m_window.devicePixelRatio())));
-
     QApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_window, [this] { proceed(); });
     QObject::connect(

@@ -31,6 +31,7 @@ StoreWindow::StoreWindow(Store& store, QWidget* parent) : QMainWindow(parent), m
     m_view->setMinimumSize(
         m_view->minimumSize().boundedTo(available - QSize(0, menuBar->sizeHint().height())));
     setWindowTitle(m_view->windowTitle());
+    setWindowIcon(m_view->windowIcon());
     m_view->setFocus();
 
     connect(m_view, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
