@@ -34,18 +34,13 @@ void Store::launch(StoreApp app)
         return;
     }
 
+    ++m_openings;
     const Platform& platform = Platform::current();
     platform.workspace->openApplication(
         *place, [store = QPointer(this), name = app.name, jobs = platform.jobs](const Result<void>& outcome) {
-            if (outcome)
-                return;
-            const QString text =
-                u"Не удалось открыть "_s + name + u": "_s + outcome.error().localizedDescription;
-            jobs->onMainThread([store, text] {
-                if (!store)
-                    return;
-                store->message.set(text);
-                Q_EMIT store->failed();
+            jobs->onMainThread([store, name, outcome] {
+                if (store)
+                    store->finishOpening(name, outcome);
             });
         });
 }
@@ -75,6 +70,16 @@ void Store::save(StoreApp app)
         });
 }
 
+void Store::finishOpening(const QString& name, const Result<void>& outcome)
+{
+    --m_openings;
+    if (!outcome) {
+        message.set(u"Не удалось открыть "_s + name + u": "_s + outcome.error().localizedDescription);
+        Q_EMIT failed();
+    }
+    Q_EMIT finished();
+}
+
 void Store::finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome)
 {
     if (outcome) {
@@ -88,4 +93,5 @@ void Store::finishSaving(const StoreApp& app, const Path& destination, const Res
         Q_EMIT failed();
     }
     busy.remove(app.id);
+    Q_EMIT finished();
 }

@@ -34,13 +34,19 @@ public:
     /// nothing while that entry is being saved. Runs the save panel's nested event loop, which outlives what
     /// the caller shows: hence the entry by value, here and in `launch`.
     void save(StoreApp app);
+    /// Whether a save or an opening runs, which may still fail.
+    bool isWorking() const { return m_openings > 0 || !busy->empty(); }
 
 Q_SIGNALS:
     /// A save or an opening has failed; `message` says why.
     void failed();
+    /// A save or an opening has ended, well or not.
+    void finished();
 
 private:
+    void finishOpening(const QString& name, const Result<void>& outcome);
     void finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome);
 
     mutable std::vector<SearchText> m_searchTexts;
+    int m_openings = 0;
 };

@@ -122,6 +122,8 @@ PloviStoreMain::PloviStoreMain() : m_window(m_store)
     QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &m_window, [this] { proceed(); });
     QObject::connect(
         &m_store, &Store::objectWillChange, &m_window, [this] { proceed(); }, Qt::QueuedConnection);
+    QObject::connect(
+        &m_store, &Store::finished, &m_window, [this] { proceed(); }, Qt::QueuedConnection);
     QObject::connect(&m_store, &Store::failed, &m_window, [this] {
         if (m_window.isVisible())
             return;
@@ -139,7 +141,7 @@ int PloviStoreMain::exec()
 {
     m_window.show();
     int status = 0;
-    // A session that ends, ends the event loop without asking; a save is finished all the same.
+    // A session that ends, ends the event loop without asking; what runs is finished all the same.
     do
         status = QApplication::exec();
     while (!isDone());
@@ -148,7 +150,7 @@ int PloviStoreMain::exec()
 
 bool PloviStoreMain::isDone() const
 {
-    return !m_window.isVisible() && m_store.busy->empty();
+    return !m_window.isVisible() && !m_store.isWorking();
 }
 
 void PloviStoreMain::proceed()

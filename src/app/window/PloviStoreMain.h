@@ -12,9 +12,9 @@ public:
     /// Needs a platform and an application object.
     PloviStoreMain();
 
-    /// Shows the window and returns the exit status once it is closed and nothing is being saved, whoever
-    /// ends the event loop before. A failure after the window was closed brings it back until it is closed
-    /// again or the message is dismissed.
+    /// Shows the window and returns the exit status once it is closed and nothing is being saved or
+    /// opened, whoever ends the event loop before. A failure after the window was closed brings it back until
+    /// it is closed again or the message is dismissed.
     int exec();
 
     StoreWindow& window() { return m_window; }

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <fstream>
 #include <sstream>
@@ -72,6 +73,7 @@ protected:
     const StoreApp brisko = sample::brisko();
     const Path destination = "/home/user/Downloads/Brisko.zip";
     const Step save = [this] { button(u"Скачать Brisko в ZIP"_s)->click(); };
+    const Step open = [this] { button(u"Открыть"_s)->click(); };
     const Step dismiss = [this] { button(u"Понятно"_s)->click(); };
     const Step finish = [this] { platform.jobs.runAll(); };
     const Step close = [this] { window()->close(); };
@@ -88,6 +90,10 @@ TEST_F(WindowTest, AFailureAfterTheWindowWasClosedBringsItBack)
     for (const Step& answer : {dismiss, close})
         run({save, close, seeNoWindow, finish, seeWindow, answer});
     run({save, finish, dismiss, seeWindow, close});
+    platform.workspace.registry[brisko.bundleID] = "/opt/Brisko.app";
+    run({open, close, seeNoWindow, finish});
+    platform.workspace.outcome = tl::unexpected(systemFailure(ENOEXEC));
+    run({open, &QApplication::quit, seeNoWindow, finish, seeWindow, dismiss});
 }
 
 TEST_F(WindowTest, ASaveIsFinishedBeforeTheEndWhoeverAsksForIt)
