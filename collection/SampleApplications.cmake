@@ -5,6 +5,7 @@ file(READ collection.json collection)
 string(JSON count LENGTH "${collection}")
 math(EXPR last "${count} - 1")
 
+find_package(Qt6 6.4 REQUIRED COMPONENTS Svg)
 add_executable(sample_app apps/main.cpp)
 target_link_libraries(sample_app PRIVATE plovi_options Qt6::Widgets Qt6::Svg)
 target_link_options(sample_app PRIVATE $<$<CONFIG:Release>:-s>)
