@@ -181,7 +181,8 @@ TEST(New, MakesACollectionThatCanBePackedAtOnce)
                   .status,
         0);
 
-    EXPECT_EQ(sample.tool({u"new"_s, u"n"_s, u"c/apps/Alvi.app"_s, u"c/apps/Brisko.app/"_s}).status, 0);
+    EXPECT_THAT(sample.tool({u"new"_s, u"n"_s, u"c/apps/Alvi.app"_s, u"c/apps/Brisko.app/"_s}).output,
+        HasSubstr("plovistore-pack check n\n"));
 
     const QJsonValue first = json(sample.read("n/collection.json").toStdString())[0];
     EXPECT_EQ(first.toObject().size(), 13);

@@ -155,7 +155,7 @@ void checkEntries(const std::vector<EntryText>& entries, const QString& file, Fi
 
     if (!entries.empty() && entries.front().app.name != "Brisko"_L1)
         findings.push_back({Code::FirstNotBrisko, entries.front().at(file, CodingKeys::name),
-            u"the first entry is featured, and its card always shows the icon of «Brisko»"_s, u"Brisko"_s,
+            u"the first entry is featured, and its card always speaks of «Brisko»"_s, u"Brisko"_s,
             entries.front().app.name});
     if (entries.size() != entriesOfSelfTest)
         findings.push_back({Code::CountNotFour, {file, 0, {}},

@@ -7,6 +7,8 @@
 #include "pack/Staging.h"
 #include "pack/Verbs.h"
 
+#include <cstdio>
+
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
@@ -96,5 +98,7 @@ Result<int> makeCollection(const Path& collection, const std::vector<Path>& apps
                .and_then([&] { return staging->publish(); });
     if (!done)
         return tl::unexpected(done.error());
+    std::printf("%s is made. What is left to write and to draw: plovistore-pack check %s\n",
+        collection.c_str(), collection.c_str());
     return 0;
 }
