@@ -28,8 +28,10 @@ void AppIcon::load()
 {
     const qreal ratio = devicePixelRatio();
     const Path file = below(Platform::current().bundles->mainResources(), m_name + ".icns"_L1);
-    if (m_resource.load(file, int(std::ceil(m_size * ratio))))
-        m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);
+    if (!m_resource.load(file, int(std::ceil(m_size * ratio))))
+        return;
+    m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);
+    m_resource.releasePixels();
 }
 
 QRectF AppIcon::imageRect() const

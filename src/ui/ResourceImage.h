@@ -11,6 +11,9 @@ public:
     /// Of a set of pictures the one that suits `edge` device pixels is taken. Returns whether the picture is
     /// another one than before.
     bool load(const Path& file, int edge);
+    /// Gives the memory of the pixels back, for whoever keeps a fitted picture; the same file still counts as
+    /// no other picture than before.
+    void releasePixels() { m_image = {}; }
     /// Forgets the picture.
     void clear();
 
