@@ -2,10 +2,11 @@
 
 #include <dlfcn.h>
 
-#if defined(__has_feature)
-#define PLOVI_HAS_SANITIZER __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// GCC's way comes before clang's, which Qt defines for GCC too, with the answer no.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define PLOVI_HAS_SANITIZER 1
+#elif defined(__has_feature)
+#define PLOVI_HAS_SANITIZER __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
 #else
 #define PLOVI_HAS_SANITIZER 0
 #endif
