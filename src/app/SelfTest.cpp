@@ -6,10 +6,12 @@
 #include "platform/Sha256.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <deque>
 #include <future>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -57,7 +59,7 @@ Checked<Catalog> checkedCatalog()
 }
 
 /// The digest of the entry's archive, unless `isOver` before all of it has been read. Any thread.
-Checked<QString> checkedArchive(const StoreApp& app, const std::atomic<bool>& isOver)
+Checked<QString> checkedArchive(const StoreApp& app, Files::Reading reading, const std::atomic<bool>& isOver)
 {
     Sha256 hasher;
     qint64 bytes = 0;
@@ -67,9 +69,10 @@ Checked<QString> checkedArchive(const StoreApp& app, const std::atomic<bool>& is
         bytes += qint64(block.size());
         return hasher.update(block);
     };
-    const auto digest = Platform::current().files->readInBlocks(app.packageURL(), sink).and_then([&] {
-        return hasher.finalize();
-    });
+    const auto digest =
+        Platform::current().files->readInBlocks(app.packageURL(), reading, sink).and_then([&] {
+            return hasher.finalize();
+        });
     if (!digest)
         return failed(digest.error());
     if (bytes != app.bytes || *digest != app.sha256)
@@ -92,10 +95,16 @@ class ArchiveChecks {
 public:
     explicit ArchiveChecks(const Catalog& catalog)
     {
+        const auto isLarge = [](const StoreApp& app) { return app.bytes >= largeArchive; };
+        // Reading ahead is of use while there is a second processor for each.
+        const bool hasRoom = std::ranges::count_if(catalog, isLarge) * 2
+            <= std::ptrdiff_t(std::thread::hardware_concurrency());
         for (const StoreApp& app : catalog) {
             const auto start =
-                app.bytes < largeArchive ? std::launch::deferred : std::launch::async | std::launch::deferred;
-            m_checks.push_back(std::async(start, [&] { return checkedArchive(app, m_isOver); }));
+                isLarge(app) ? std::launch::async | std::launch::deferred : std::launch::deferred;
+            const auto reading = isLarge(app) && hasRoom ? Files::Reading::Ahead : Files::Reading::InTurns;
+            m_checks.push_back(
+                std::async(start, [&, reading] { return checkedArchive(app, reading, m_isOver); }));
         }
     }
     ~ArchiveChecks() { m_isOver = true; }

@@ -23,7 +23,7 @@ Result<QByteArray> FakePlatform::FakeFiles::read(const Path& file) const
     return bytes ? Result<QByteArray>(*bytes) : tl::unexpected(systemFailure(ENOENT));
 }
 
-Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink& sink) const
+Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, Reading, const Sink& sink) const
 {
     return read(file).and_then(
         [&](const QByteArray& bytes) { return sink(std::as_bytes(std::span(bytes))); });
@@ -32,7 +32,7 @@ Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink&
 Result<void> FakePlatform::FakeFiles::copy(
     const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const
 {
-    auto outcome = readInBlocks(source, sink).and_then(verdict);
+    auto outcome = readInBlocks(source, Reading::InTurns, sink).and_then(verdict);
     if (!outcome)
         return outcome;
     if (const auto error = lookUp(writeErrors, destination))

@@ -18,6 +18,8 @@ namespace {
 // What is read at once is still in the processor's cache when it is hashed; what is written at once keeps a
 // disk busy.
 constexpr std::size_t readBlock = std::size_t{64} << 10;
+// Starting a thread for each costs nothing beside hashing one.
+constexpr std::size_t aheadBlock = std::size_t{4} << 20;
 constexpr std::size_t writeBlock = std::size_t{8} << 20;
 
 /// Memory straight from the system, which has it back at once: the allocator keeps some.
@@ -104,21 +106,34 @@ try {
     return tl::unexpected(systemFailure(ENOMEM));
 }
 
-Result<void> PosixFiles::readInBlocks(const Path& file, const Sink& sink) const
-{
+Result<void> PosixFiles::readInBlocks(const Path& file, Reading reading, const Sink& sink) const
+try {
     const auto opened = openForReading(file);
     if (!opened)
         return tl::unexpected(opened.error());
 
-    std::vector<std::byte> block(std::clamp<std::size_t>(opened->size, 1, readBlock));
-    std::size_t filled = block.size();
-    while (filled == block.size()) {
-        const auto count = readThrough(opened->descriptor, block, sink);
-        if (!count)
-            return tl::unexpected(count.error());
-        filled = *count;
+    const bool isAhead = reading == Reading::Ahead;
+    const auto start = isAhead ? std::launch::async | std::launch::deferred : std::launch::deferred;
+    const std::size_t size = std::min(opened->size + 1, isAhead ? aheadBlock : readBlock);
+    std::vector<std::byte> block(size);
+    std::vector<std::byte> other;
+    auto count = opened->descriptor.read(block);
+    while (count) {
+        std::future<Result<std::size_t>> next;
+        const bool isLast = *count < size;
+        if (!isLast) {
+            other.resize(size);
+            next = std::async(start, [&] { return opened->descriptor.read(other); });
+        }
+        const auto taken = sink(std::span(block).first(*count));
+        if (isLast || !taken)
+            return taken;
+        count = next.get();
+        block.swap(other);
     }
-    return {};
+    return tl::unexpected(count.error());
+} catch (const std::bad_alloc&) {
+    return tl::unexpected(systemFailure(ENOMEM));
 }
 
 Result<void> PosixFiles::copy(
