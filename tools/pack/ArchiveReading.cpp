@@ -13,13 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t blockSize = 262144;
+constexpr std::size_t readBlock = 262144;
 
 /// An archive may unpack to this many times its size, and to this many bytes.
 constexpr qint64 largestRatio = 1000;
 constexpr qint64 largestContent = qint64(64) << 30;
 
-struct ArchiveDeleter {
+struct CloseReader {
     void operator()(archive* zip) const { archive_read_free(zip); }
 };
 
@@ -41,7 +41,7 @@ public:
         const auto size = qint64(std::filesystem::file_size(m_file, error));
         m_room = error ? 0 : std::min(largestContent, std::max<qint64>(size, 1024) * largestRatio);
 
-        int status = archive_read_open_filename(m_zip.get(), m_file.c_str(), blockSize);
+        int status = archive_read_open_filename(m_zip.get(), m_file.c_str(), readBlock);
         archive_entry* entry = nullptr;
         while (status == ARCHIVE_OK) {
             status = archive_read_next_header(m_zip.get(), &entry);
@@ -162,13 +162,13 @@ private:
         m_findings.push_back({code, m_place, message, expected, found});
     }
 
-    std::unique_ptr<archive, ArchiveDeleter> m_zip;
+    std::unique_ptr<archive, CloseReader> m_zip;
     Path m_file;
     std::string m_top;
     Place m_place;
     Findings& m_findings;
     Tree m_tree;
-    std::vector<char> m_block = std::vector<char>(blockSize);
+    std::vector<char> m_block = std::vector<char>(readBlock);
     /// Why the reading was given up; null when the library did so.
     QString m_fault;
     /// Names that lie outside of the top folder, or occur twice.

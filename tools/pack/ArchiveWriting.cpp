@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 blockSize = 262144;
+constexpr qint64 writeBlock = 262144;
 
-struct ArchiveDeleter {
+struct CloseWriter {
     void operator()(archive* zip) const { archive_write_free(zip); }
 };
 
@@ -42,7 +42,7 @@ public:
         if (archive_write_set_format_zip(zip) != ARCHIVE_OK
             || archive_write_set_options(zip, "compression=deflate,compression-level=6,hdrcharset=UTF-8")
                 != ARCHIVE_OK
-            || archive_write_set_bytes_per_block(zip, blockSize) != ARCHIVE_OK
+            || archive_write_set_bytes_per_block(zip, writeBlock) != ARCHIVE_OK
             || archive_write_set_bytes_in_last_block(zip, 1) != ARCHIVE_OK
             || archive_write_open2(zip, this, nullptr, &ZipFile::write, nullptr, nullptr) != ARCHIVE_OK)
             return failure();
@@ -73,10 +73,10 @@ public:
         if (auto added = addHeader(entry); !added)
             return tl::unexpected(added.error());
 
-        std::vector<char> block(blockSize);
+        std::vector<char> block(writeBlock);
         qint64 total = 0;
         qint64 length = 0;
-        while ((length = file.read(block.data(), blockSize)) > 0) {
+        while ((length = file.read(block.data(), writeBlock)) > 0) {
             total += length;
             if (total > node.size)
                 return false;
@@ -132,7 +132,7 @@ private:
 
     Path m_path;
     QFile m_file;
-    std::unique_ptr<archive, ArchiveDeleter> m_zip;
+    std::unique_ptr<archive, CloseWriter> m_zip;
 };
 
 } // namespace

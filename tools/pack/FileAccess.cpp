@@ -14,9 +14,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr qint64 blockSize = 262144;
-constexpr auto openFile =
+constexpr auto everyonesFile =
     fs::perms::owner_write | fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
-constexpr auto program = openFile | fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+constexpr auto everyonesProgram =
+    everyonesFile | fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
 
 /// Copies block by block: the standard library's copying does not tell the disk's own reason.
 Result<void> copyFile(const Path& from, const Path& to)
@@ -104,7 +105,9 @@ Result<void> copyTree(const Path& from, const Path& to)
         if (auto copied = copyFile(from, to); !copied)
             return copied;
         fs::permissions(to,
-            (status.permissions() & fs::perms::owner_exec) != fs::perms::none ? program : openFile, error);
+            (status.permissions() & fs::perms::owner_exec) != fs::perms::none ? everyonesProgram
+                                                                              : everyonesFile,
+            error);
         if (error)
             return cannot("write"_L1, to, error);
         return {};
@@ -129,7 +132,7 @@ Result<void> makeFolders(const Path& folder)
         return made;
     fs::create_directory(folder, error);
     if (!error)
-        fs::permissions(folder, program, error);
+        fs::permissions(folder, everyonesProgram, error);
     if (error)
         return cannot("make"_L1, folder, error);
     return {};
