@@ -19,19 +19,20 @@ AppIcon::AppIcon(Style::Length size, QWidget* parent) : QWidget(parent), m_size(
 void AppIcon::present(const QString& name)
 {
     m_name = name;
-    load();
+    if (load())
+        update();
     setVisible(!m_image.isNull());
-    update();
 }
 
-void AppIcon::load()
+bool AppIcon::load()
 {
     const qreal ratio = devicePixelRatio();
     const Path file = below(Platform::current().bundles->mainResources(), m_name + ".icns"_L1);
     if (!m_resource.load(file, int(std::ceil(m_size * ratio))))
-        return;
+        return false;
     m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);
     m_resource.releasePixels();
+    return true;
 }
 
 QRectF AppIcon::imageRect() const

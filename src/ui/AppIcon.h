@@ -27,7 +27,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void load();
+    /// Returns whether the picture is another one than before.
+    bool load();
 
     int m_size;
     QString m_name;

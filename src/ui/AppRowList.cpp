@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -56,7 +57,7 @@ QSize AppRowList::sizeHint() const
 
 void AppRowList::present(const AppList& list)
 {
-    m_list = list;
+    const bool isSame = std::exchange(m_list, list) == list;
     if (m_list.count() > 0) {
         for (const auto& [app, row] : m_rows)
             row->present(appRow(*app, *m_list.store));
@@ -67,8 +68,11 @@ void AppRowList::present(const AppList& list)
         m_rowHeight = row->sizeHint().height();
         m_spare.push_back(row);
     }
-    updateGeometry();
     arrange();
+    // The window is presented anew whenever it comes to the front, and then mostly as it was.
+    if (isSame)
+        return;
+    updateGeometry();
     update();
 }
 
