@@ -75,7 +75,10 @@ bool TextLabel::hasHeightForWidth() const
 
 int TextLabel::heightForWidth(int width) const
 {
-    return hasHeightForWidth() ? m_laid.heightForWidth(qMin(width, maximumWidth())) : -1;
+    // Layouts also try widths that no label is ever given; breaking the text for those costs the most.
+    return hasHeightForWidth()
+        ? m_laid.heightForWidth(qMin(qMax(width, minimumSizeHint().width()), maximumWidth()))
+        : -1;
 }
 
 bool TextLabel::event(QEvent* event)
