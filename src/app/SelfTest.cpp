@@ -42,7 +42,10 @@ tl::unexpected<Ending> stopped(const QString& message)
 
 bool writeLine(std::FILE* stream, const QString& line)
 {
-    return std::fputs((line + u'\n').toUtf8().constData(), stream) >= 0 && std::fflush(stream) == 0;
+    // A text of the catalog may hold a NUL.
+    const QByteArray bytes = (line + u'\n').toUtf8();
+    return std::fwrite(bytes.constData(), std::size_t(bytes.size()), 1, stream) == 1
+        && std::fflush(stream) == 0;
 }
 
 Checked<Catalog> checkedCatalog()

@@ -72,6 +72,8 @@ TEST(SelfTest, PrintsALineForEachEntryUntilOneIsWrong)
              Case{"the same id in two spellings",
                  [](auto& b) { b.apps[0].id = u"й"_s, b.apps[3].id = u"и\u0306"_s; }, 2, 0,
                  u"Catalog invalid"_s},
+             Case{"a NUL in a text", [](auto& b) { b.apps[1].name += QChar(0) + u"x"_s; }, 2, 1,
+                 u"Invalid resource: B\0x"_s},
              Case{"digest in capitals", [](auto& b) { b.apps[1].sha256 = b.apps[1].sha256.toUpper(); }, 2, 1,
                  u"Invalid resource: B"_s},
              Case{"one byte less", [](auto& b) { b.apps[2].bytes = 16; }, 2, 2, u"Invalid resource: C"_s},

@@ -163,6 +163,12 @@ TEST_F(FilesTest, AReplacedFileHandsOnWhoseItIsAndItsLink)
         mayGiveAway ? std::pair(uid_t(7), gid_t(8)) : std::pair(geteuid(), getegid()));
     EXPECT_EQ(getxattr(file.c_str(), "user.note", nullptr, 0), 4);
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+
+    std::filesystem::create_symlink("link to what is yet to come", folder / "chain");
+    std::filesystem::create_symlink("yet to come", folder / "link to what is yet to come");
+    ASSERT_EQ(copy(posix, source, folder / "chain"), 0);
+    EXPECT_EQ(posix.read(folder / "yet to come"), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "chain"));
 }
 
 TEST_F(FilesTest, AFailureLeavesNothingBehindAndClearsWhatOthersLeft)

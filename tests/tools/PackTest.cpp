@@ -86,8 +86,10 @@ TEST(Pack, LeavesTheOldStoreUntilTheNewOneIsProved)
                  "plovistore-pack: another run is writing s.app\n"},
              Case{"cd / && "_L1 + QStringLiteral(PACK_PROGRAM) + u" pack $OLDPWD/c $OLDPWD/c"_s, 1,
                  "the name of a store ends with .app\n"},
-             Case{"mkdir -p my.app/photos;"_L1 + Sample::packing(u"c"_s, u"my.app"_s), 1,
+             Case{"mkdir -p my.app/Contents/MacOS;"_L1 + Sample::packing(u"c"_s, u"my.app"_s), 1,
                  "cannot replace my.app: it is no store\n"},
+             Case{"touch note.app;"_L1 + Sample::packing(u"c"_s, u"note.app"_s), 1,
+                 "cannot replace note.app: it is no store\n"},
              Case{Sample::packing(u"c"_s, u"s.app"_s) + u"--program c"_s, 1,
                  "cannot take the program from c: it is no store\n"},
          }) {
@@ -142,6 +144,11 @@ TEST(Check, TellsWhatItMayNotRead)
     EXPECT_THAT(ending.output,
         HasSubstr(
             "apps/Bemmo.app: error: Contents/Info.plist cannot be read: Permission denied [unreadable]"));
+    EXPECT_EQ(
+        sample
+            .shell("chmod 444 c/apps; chmod 755 c;"_L1 + other + QStringLiteral(PACK_PROGRAM) + u" sums c"_s)
+            .status,
+        1);
 }
 
 TEST(Diff, TellsWhatChangedFromOneStoreToTheOther)
@@ -167,6 +174,9 @@ TEST(Diff, TellsWhatChangedFromOneStoreToTheOther)
     EXPECT_EQ(object["added"_L1][0]["id"_L1], u"new"_s);
     EXPECT_EQ(object["removed"_L1][0]["id"_L1], u"alvi"_s);
     EXPECT_EQ(object["changed"_L1][0]["changes"_L1][0]["after"_L1], u"blue"_s);
+    sample.shell(u"echo >new.app/Contents/Resources/catalog.json"_s);
+    EXPECT_THAT(sample.tool({u"diff"_s, u"old.app"_s, u"new.app"_s}).errors,
+        HasSubstr("cannot read new.app/Contents/Resources/catalog.json: it is no catalog"));
 }
 
 TEST(New, MakesACollectionThatCanBePackedAtOnce)
@@ -194,6 +204,8 @@ TEST(New, MakesACollectionThatCanBePackedAtOnce)
     EXPECT_EQ(sample.shell(Sample::packing(u"n"_s, u"n.app"_s)).status, 0);
     EXPECT_THAT(sample.tool({u"new"_s, u"n"_s, u"c/apps/Alvi.app"_s}).errors,
         HasSubstr("cannot make n: File exists"));
+    EXPECT_THAT(sample.tool({u"new"_s, u"m"_s, u"c/apps/Alvi.app"_s, u"n/apps/Alvi.app"_s}).errors,
+        HasSubstr("cannot add n/apps/Alvi.app: another application has its name\n"));
 }
 
 TEST(Tool, RefusesWrongArgumentsAndHelps)
@@ -212,6 +224,7 @@ TEST(Tool, RefusesWrongArgumentsAndHelps)
         EXPECT_EQ(sample.tool(takesOne ? missing.first(3) : missing).status, 1) << verb.toStdString();
     }
     EXPECT_THAT(sample.tool({u"--version"_s}).output, StartsWith("plovistore-pack "));
+    EXPECT_EQ(sample.shell(QStringLiteral(PACK_PROGRAM) + u" --help >/dev/full"_s).status, 1);
 }
 
 } // namespace

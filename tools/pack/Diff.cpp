@@ -23,14 +23,17 @@ struct Side {
 Result<Side> readSide(const Path& store)
 {
     const Path resources = store / bundle_file::resources;
-    return readFile(resources / bundle_file::catalog)
-        .and_then([](const QByteArray& json) { return decodeCatalog(std::as_bytes(std::span(json))); })
-        .map([&](Catalog catalog) {
-            Side side{std::move(catalog), {}};
-            for (const StoreApp& app : side.catalog)
-                side.icons.append(digestOf(resources / bundle_file::icon(app)).value_or(FileDigest()).sha256);
-            return side;
-        });
+    const Path file = resources / bundle_file::catalog;
+    const auto json = readFile(file);
+    if (!json)
+        return tl::unexpected(json.error());
+    auto catalog = decodeCatalog(std::as_bytes(std::span(*json)));
+    if (!catalog)
+        return cannot("read"_L1, file, u"it is no catalog, and plovistore-pack check tells why"_s);
+    Side side{std::move(*catalog), {}};
+    for (const StoreApp& app : side.catalog)
+        side.icons.append(digestOf(resources / bundle_file::icon(app)).value_or(FileDigest()).sha256);
+    return side;
 }
 
 QString shown(const QString& text)

@@ -26,7 +26,7 @@ Result<void> copyFile(const Path& from, const Path& to)
     if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return cannot("read"_L1, from, source.errorString());
     QFile target(to);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         return cannot("write"_L1, to, target.errorString());
     std::error_code error;
     std::vector<char> block(blockSize);

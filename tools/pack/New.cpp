@@ -53,7 +53,11 @@ Result<StoreApp> addApplication(const Path& collection, const Path& given)
     const auto info = readInfo(tree);
     if (!info)
         return cannot("read"_L1, app / "Contents" / "Info.plist", u"it is missing or no property list"_s);
-    if (auto copied = copyTree(app, collection / "apps" / app.filename()); !copied)
+    const Path place = collection / "apps" / app.filename();
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(place, error)))
+        return cannot("add"_L1, app, u"another application has its name"_s);
+    if (auto copied = copyTree(app, place); !copied)
         return tl::unexpected(copied.error());
 
     const QString iconName =

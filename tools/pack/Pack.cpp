@@ -121,10 +121,11 @@ Result<void> writeStore(const PackOrder& order, Collection& collection, const Pa
 Result<void> checkTarget(const Path& store)
 {
     std::error_code error;
-    const bool isFree = !fs::exists(fs::symlink_status(store, error)) || fs::is_empty(store, error);
+    const auto status = fs::symlink_status(store, error);
+    const bool isFree = !fs::exists(status) || (fs::is_directory(status) && fs::is_empty(store, error));
     if (store.extension() != ".app" && (store.has_filename() || store.parent_path().extension() != ".app"))
         return cannot("write"_L1, store, u"the name of a store ends with .app"_s);
-    if (!isFree && !fs::is_directory(store / "Contents", error))
+    if (!isFree && !fs::is_regular_file(store / bundle_file::resources / bundle_file::catalog, error))
         return cannot("replace"_L1, store, u"it is no store"_s);
     return {};
 }

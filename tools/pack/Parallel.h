@@ -1,11 +1,12 @@
 #pragma once
 
 #include <atomic>
+#include <future>
 #include <thread>
 #include <vector>
 
 /// Calls `work(index)` once for each index below `count`, on as many threads as the machine has cores, and
-/// returns when all is done.
+/// returns when all is done. Where no thread can be made there are fewer. What `work` throws is thrown here.
 template <class Work>
 void inParallel(std::size_t count, const Work& work)
 {
@@ -15,8 +16,10 @@ void inParallel(std::size_t count, const Work& work)
             work(index);
     };
     const auto helpers = std::min<std::size_t>(count, std::max(1U, std::thread::hardware_concurrency()));
-    std::vector<std::jthread> threads;
+    std::vector<std::future<void>> threads;
     for (std::size_t index = 1; index < helpers; ++index)
-        threads.emplace_back(workOn);
+        threads.push_back(std::async(std::launch::async | std::launch::deferred, workOn));
     workOn();
+    for (std::future<void>& thread : threads)
+        thread.get();
 }

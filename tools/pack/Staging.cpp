@@ -139,7 +139,8 @@ Result<void> Staging::publish()
 {
     if (auto flushed = flushTree(place()); !flushed)
         return flushed;
-    const bool isThere = fs::exists(fs::symlink_status(m_target));
+    std::error_code error;
+    const bool isThere = fs::exists(fs::symlink_status(m_target, error));
     const unsigned how = isThere ? RENAME_EXCHANGE : RENAME_NOREPLACE;
     if (renameat2(AT_FDCWD, place().c_str(), AT_FDCWD, m_target.c_str(), how) != 0)
         return cannot("write"_L1, m_target, lastError());

@@ -26,7 +26,10 @@ Result<int> sums(const Path& store)
     std::vector<Path> files;
     for (fs::recursive_directory_iterator place(store, error), end; !error && place != end;
          place.increment(error)) {
-        if (place->symlink_status(error).type() == fs::file_type::regular)
+        const auto type = place->symlink_status(error).type();
+        if (error)
+            break;
+        if (type == fs::file_type::regular)
             files.push_back(place->path());
     }
     if (error)

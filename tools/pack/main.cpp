@@ -23,14 +23,14 @@ Makes and proves stores from collections of applications.
   new COLLECTION APP.app...       make a collection from applications
   check PATH                      tell what is wrong with a collection or a store
   pack COLLECTION STORE.app       pack a collection into a store
-  diff OLD.app NEW.app            tell what differs between two stores
+  diff OLD.app NEW.app            tell which entries differ between two stores
   sums STORE.app                  write what `sha256sum -c` reads
 
   --help      with a verb: what it takes
   --version   the version of this tool
 
 Exit status: 0 nothing is wrong; 1 something cannot be read or written; 2
-errors were found, or the stores differ; 64 wrong arguments.
+errors were found, or entries differ; 64 wrong arguments.
 )";
 
 constexpr char newHelp[] = R"(usage: plovistore-pack new COLLECTION APP.app...
@@ -192,6 +192,20 @@ tl::expected<Arguments, std::string> parse(const Verb& verb, std::span<char*> gi
     return arguments;
 }
 
+/// The status, unless something that was written has not arrived.
+int ending(int status)
+{
+    if (std::fflush(stdout) != 0) {
+        std::perror("plovistore-pack: cannot write to standard output");
+        return 1;
+    }
+    if (std::ferror(stdout) != 0) {
+        std::fputs("plovistore-pack: cannot write to standard output\n", stderr);
+        return 1;
+    }
+    return status;
+}
+
 int run(const Verb& verb, std::span<char*> given)
 {
     const auto arguments = parse(verb, given);
@@ -199,18 +213,14 @@ int run(const Verb& verb, std::span<char*> given)
         return wrongArguments(arguments.error());
     if (arguments->has("--help")) {
         std::fputs(verb.help, stdout);
-        return 0;
+        return ending(0);
     }
     const auto status = verb.run(*arguments);
     if (!status) {
         std::fprintf(stderr, "plovistore-pack: %s\n", qUtf8Printable(status.error().localizedDescription));
         return 1;
     }
-    if (std::fflush(stdout) != 0) {
-        std::perror("plovistore-pack: cannot write to standard output");
-        return 1;
-    }
-    return *status;
+    return ending(*status);
 }
 
 } // namespace
@@ -225,11 +235,11 @@ int main(int argc, char* argv[])
     const std::string_view first = arguments[1];
     if (first == "--help") {
         std::fputs(generalHelp, stdout);
-        return 0;
+        return ending(0);
     }
     if (first == "--version") {
         std::printf("plovistore-pack %s\n", PLOVI_VERSION);
-        return 0;
+        return ending(0);
     }
     for (const Verb& verb : verbs()) {
         if (first == verb.name) {

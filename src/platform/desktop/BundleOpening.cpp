@@ -99,12 +99,14 @@ Failure failureOf(const Path& program, int errorNumber)
 }
 
 void reapWhenEnded(pid_t child)
-{
+try {
     // A sleeping thread costs no processor time, and unlike a handler of SIGCHLD it leaves the children of Qt
     // and GLib alone.
     std::thread([child] {
         while (::waitpid(child, nullptr, 0) < 0 && errno == EINTR) { }
     }).detach();
+} catch (const std::system_error&) {
+    // Without a thread the system reaps it when the store has ended.
 }
 
 } // namespace

@@ -116,7 +116,8 @@ Result<void> openDesktopEntry(const Path& file)
 {
     const AppInfo entry = readEntry(file);
     if (!entry) {
-        if (!std::filesystem::exists(file))
+        std::error_code error;
+        if (!std::filesystem::exists(file, error))
             return tl::unexpected(systemFailure(ENOENT));
         return tl::unexpected(Failure{u"GIO"_s, 0, u"Ярлык программы повреждён или отключён."_s});
     }

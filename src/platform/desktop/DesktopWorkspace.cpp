@@ -54,11 +54,16 @@ void DesktopWorkspace::openURL(const QString& address)
 
 void DesktopWorkspace::reveal(const Path& file)
 {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    // Without a bus there is no answer either, not even a failure.
+    if (!bus.isConnected())
+        return openURL(fileAddress(file.parent_path()));
+
     auto request = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
         u"/org/freedesktop/FileManager1"_s, u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     request << QStringList{fileAddress(file)} << QString();
 
-    const auto call = QDBusConnection::sessionBus().asyncCall(request);
+    const auto call = bus.asyncCall(request);
     auto* watcher = new QDBusPendingCallWatcher(call, &m_replies);
     const auto openFolder = [this, watcher, folder = fileAddress(file.parent_path())] {
         if (watcher->isError())

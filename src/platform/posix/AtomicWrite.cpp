@@ -37,10 +37,14 @@ void clearLeftovers(const Path& folder)
          entry.increment(error)) {
         if (!isTemporaryName(entry->path().filename().native()))
             continue;
-        const FileDescriptor leftover(
-            open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
-        if (leftover.isOpen() && flock(leftover.number(), LOCK_EX | LOCK_NB) == 0)
-            unlink(entry->path().c_str());
+        // Over a network only what may be written can be locked; elsewhere a file that may only be read can
+        // be too.
+        for (const int access : {O_RDWR, O_RDONLY}) {
+            const FileDescriptor leftover(
+                open(entry->path().c_str(), access | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+            if (leftover.isOpen() && flock(leftover.number(), LOCK_EX | LOCK_NB) == 0)
+                unlink(entry->path().c_str());
+        }
     }
 }
 
@@ -95,8 +99,13 @@ int AtomicWrite::findDestination(const Path& destination)
 {
     std::error_code error;
     m_destination = std::filesystem::canonical(destination, error);
-    if (error == std::errc::no_such_file_or_directory)
-        m_destination = std::filesystem::absolute(destination, error);
+    if (error == std::errc::no_such_file_or_directory) {
+        // A link may lead to a file that is yet to be made.
+        Path place = destination;
+        while (is_symlink(std::filesystem::symlink_status(place, error)))
+            place = place.parent_path() / read_symlink(place, error);
+        m_destination = std::filesystem::absolute(place, error);
+    }
     if (error)
         return error.value();
     m_folder = m_destination.parent_path();
