@@ -25,7 +25,7 @@ FeaturedCardView::FeaturedCardView(Requests& requests, QWidget* parent)
     const int bleed = Style::focusGap + Style::focusRing;
     setContentsMargins(bleed, bleed, bleed, bleed);
     setMinimumHeight(Look::cardMinHeight + 2 * bleed);
-    QSizePolicy fill(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy fill(QSizePolicy::Expanding, QSizePolicy::Minimum);
     fill.setHeightForWidth(true);
     setSizePolicy(fill);
 

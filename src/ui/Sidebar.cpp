@@ -25,7 +25,7 @@ Sidebar::Sidebar(Requests& requests, QWidget* parent)
     : QWidget(parent)
     , m_brandImage(new QLabel)
     , m_brandName(new TextLabel({.style = Look::brandName}))
-    , m_search(new SearchField({}))
+    , m_search(new SearchField)
     , m_maker(new TextLabel({.style = Look::makerName}))
     , m_makerNote(new TextLabel({.style = Look::makerNote, .color = Style::secondaryText()}))
 {

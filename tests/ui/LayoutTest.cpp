@@ -37,6 +37,8 @@ protected:
         };
         for (qsizetype one = 0; one < parts.size(); ++one) {
             const QRect place = placeOf(parts[one]);
+            EXPECT_GE(parts[one]->height(), parts[one]->heightForWidth(parts[one]->width()))
+                << parts[one]->accessibleName().toStdString();
             EXPECT_TRUE(page->widget()->layout()->contentsRect().adjusted(-1, 0, 1, 0).contains(place))
                 << place.x() << ' ' << place.width();
             for (qsizetype other = one + 1; other < parts.size(); ++other)
@@ -55,18 +57,19 @@ TEST_F(LayoutTest, HoldsWhateverTheTextsTheSizeAndTheDirection)
     lengthy.version = u"2.4-beta.17+build.20261122"_s.repeated(3);
     lengthy.minimum = u"13.0.1 (начиная с осеннего обновления)"_s;
     lengthy.category = u"A&B <b>x</b> "_s.repeated(10);
-    lengthy.features = QStringList(6, u"Одна из шести возможностей"_s);
+    lengthy.features = QStringList(30, u"Одна из многих возможностей"_s);
     StoreApp empty = kadrilo;
     platform.files.content.erase(platform.resource("Kadrilo.icns"));
     empty.subtitle = empty.headline = empty.description = empty.version = empty.category = QString();
     empty.features.clear();
 
-    for (const auto& size : {QSize(900, 620), QSize(1180, 840), QSize(3840, 2160)}) {
+    for (const auto& size : {QSize(760, 520), QSize(900, 620), QSize(1180, 840), QSize(3840, 2160)}) {
         for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
             SCOPED_TRACE(
                 testing::Message() << size.width() << (direction == Qt::RightToLeft ? " mirrored" : ""));
             open({lengthy, empty});
             view().setLayoutDirection(direction);
+            view().setMinimumSize(size.boundedTo(view().minimumSize()));
             view().resize(size);
             settle();
             expectNothingOverlaps();

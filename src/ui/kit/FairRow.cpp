@@ -47,14 +47,28 @@ QLayoutItem* FairRow::takeAt(int index)
     return item;
 }
 
-std::vector<FairRow::Place> FairRow::placesIn(int room) const
+std::vector<FairRow::Row> FairRow::rowsIn(int room) const
 {
-    std::vector<Place> places;
+    std::vector<Row> rows;
+    int used = 0;
     for (const auto& item : m_items) {
-        if (!item->isEmpty())
-            places.push_back({item.get(), item->sizeHint().width(), 0});
+        if (item->isEmpty())
+            continue;
+        used += spacing() + item->minimumSize().width();
+        if (rows.empty() || used > room) {
+            rows.emplace_back();
+            used = item->minimumSize().width();
+        }
+        rows.back().push_back({item.get(), item->sizeHint().width(), 0});
     }
-    room -= spacing() * (int(places.size()) - 1);
+    for (Row& row : rows)
+        share(row, room);
+    return rows;
+}
+
+void FairRow::share(Row& row, int room) const
+{
+    room -= spacing() * (int(row.size()) - 1);
 
     // The common limit is the widest at which all fit; what cannot shrink so far keeps its least width.
     const auto widthAt = [](const Place& place, int limit) {
@@ -62,7 +76,7 @@ std::vector<FairRow::Place> FairRow::placesIn(int room) const
     };
     const auto fits = [&](int limit) {
         int sum = 0;
-        for (const Place& place : places)
+        for (const Place& place : row)
             sum += widthAt(place, limit);
         return sum <= room;
     };
@@ -72,21 +86,27 @@ std::vector<FairRow::Place> FairRow::placesIn(int room) const
         const int limit = least + (most - least + 1) / 2;
         fits(limit) ? least = limit : most = limit - 1;
     }
-    for (Place& place : places) {
+    for (Place& place : row) {
         place.width = widthAt(place, least);
         place.height = place.item->hasHeightForWidth() ? place.item->heightForWidth(place.width)
                                                        : place.item->sizeHint().height();
     }
-    return places;
+}
+
+int FairRow::heightOf(const Row& row)
+{
+    return std::ranges::max_element(row, {}, &Place::height)->height;
 }
 
 QSize FairRow::sizeHint() const
 {
-    const std::vector<Place> places = placesIn(QLAYOUTSIZE_MAX);
-    QSize size(spacing() * std::max(0, int(places.size()) - 1), 0);
-    for (const Place& place : places)
-        size = {size.width() + place.width, std::max(size.height(), place.height)};
-    return size;
+    int width = 0;
+    for (const Row& row : rowsIn(QLAYOUTSIZE_MAX)) {
+        width += spacing() * (int(row.size()) - 1);
+        for (const Place& place : row)
+            width += place.width;
+    }
+    return {width, heightForWidth(QLAYOUTSIZE_MAX)};
 }
 
 QSize FairRow::minimumSize() const
@@ -102,8 +122,8 @@ bool FairRow::hasHeightForWidth() const
 int FairRow::heightForWidth(int width) const
 {
     int height = 0;
-    for (const Place& place : placesIn(width))
-        height = std::max(height, place.height);
+    for (const Row& row : rowsIn(width))
+        height += (height > 0 ? spacing() : 0) + heightOf(row);
     return height;
 }
 
@@ -112,12 +132,16 @@ void FairRow::setGeometry(const QRect& rect)
     QLayout::setGeometry(rect);
     const Qt::LayoutDirection direction =
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
-    int x = rect.x();
-    for (const Place& place : placesIn(rect.width())) {
-        const QRect column(x, rect.y(), place.width, rect.height());
-        const QRect inside = QStyle::alignedRect(
-            Qt::LeftToRight, Qt::AlignLeft | m_vertical, {place.width, place.height}, column);
-        place.item->setGeometry(QStyle::visualRect(direction, rect, inside));
-        x += place.width + spacing();
+    int y = rect.y();
+    for (const Row& row : rowsIn(rect.width())) {
+        const int height = heightOf(row);
+        int x = rect.x();
+        for (const Place& place : row) {
+            const QRect inside = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignLeft | m_vertical,
+                {place.width, place.height}, {x, y, place.width, height});
+            place.item->setGeometry(QStyle::visualRect(direction, rect, inside));
+            x += place.width + spacing();
+        }
+        y += height + spacing();
     }
 }

@@ -7,8 +7,8 @@
 
 /// Children beside each other at the leading edge, each as wide as it likes to be. Where the room is too
 /// little, the widest give way first, so that short texts stay whole as long as they can; whatever wraps
-/// takes the lines that it needs. The row is never wider than its room. Hidden children take neither room nor
-/// spacing.
+/// takes the lines that it needs. What does not fit at its least width begins a row below. Hidden children
+/// take neither room nor spacing.
 class FairRow : public QLayout {
     Q_OBJECT
 
@@ -37,7 +37,11 @@ private:
         int height;
     };
 
-    std::vector<Place> placesIn(int room) const;
+    using Row = std::vector<Place>;
+
+    std::vector<Row> rowsIn(int room) const;
+    void share(Row& row, int room) const;
+    static int heightOf(const Row& row);
 
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
     Qt::Alignment m_vertical;

@@ -88,9 +88,16 @@ void KitStyle::drawControl(
     ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
     const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (element == CE_MenuBarItem && item)
-        painter->setFont(item->font);
-    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element != CE_MenuBarItem || !item) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    painter->setFont(item->font);
+    QStyleOptionMenuItem shown = *item;
+    // Else nothing tells where the keyboard is until a menu opens.
+    if (shown.state.testFlag(State_Selected))
+        shown.state |= State_Sunken;
+    QProxyStyle::drawControl(element, &shown, painter, widget);
 }
 
 QRect KitStyle::subControlRect(

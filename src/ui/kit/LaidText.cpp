@@ -3,11 +3,23 @@
 #include <QPainter>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
+
 namespace {
 
 constexpr int anyWidth = QWIDGETSIZE_MAX;
 
 } // namespace
+
+QString withBreaks(const QString& text, QChar mark)
+{
+    QString marked = text;
+    marked.replace("\r\n"_L1, "\n"_L1);
+    for (const char16_t lineBreak : u"\n\r\u2028\u2029"sv)
+        marked.replace(QChar(lineBreak), mark);
+    return marked;
+}
 
 LaidText::LaidText(const QFont& font, int extra, int tightening) : m_extra(extra), m_tightening(tightening)
 {
@@ -24,7 +36,7 @@ void LaidText::setText(const QString& text)
     QTextOption option = m_layout.textOption();
     option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     m_layout.setTextOption(option);
-    m_layout.setText(QString(text).replace(u'\n', QChar::LineSeparator));
+    m_layout.setText(withBreaks(text, QChar::LineSeparator));
     m_width = 0;
     m_natural = {};
 }

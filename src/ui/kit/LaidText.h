@@ -2,6 +2,9 @@
 
 #include <QTextLayout>
 
+/// The text with `mark` for each of its line breaks, of whichever kind.
+QString withBreaks(const QString& text, QChar mark);
+
 /// A plain text in lines, for whoever measures and draws the same text again and again: shaping it is what
 /// costs, and it is shaped once for as long as it fits on its own lines.
 class LaidText {

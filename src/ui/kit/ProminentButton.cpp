@@ -36,9 +36,9 @@ void ProminentButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QColor fill = isDown() ? Style::accentPressed() : isHovered() ? Style::accentHovered() : Style::accent();
-    if (!isEnabled())
-        fill = Style::disabledText();
+    const QColor fill = isDown() ? Style::accentPressed()
+        : isHovered()            ? Style::accentHovered()
+                                 : Style::accent();
     painter.fillPath(continuousRect(contentsRect(), Style::buttonCorner), fill);
     drawFocusRing(painter);
     painter.setPen(Style::white());

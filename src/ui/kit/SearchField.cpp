@@ -18,7 +18,7 @@ constexpr int lineEditMargin = 2;
 
 } // namespace
 
-SearchField::SearchField(const QString& placeholder, QWidget* parent)
+SearchField::SearchField(QWidget* parent)
     : QLineEdit(parent)
     , m_clear(new SymbolButton(u"xmark"_s, Style::clearSymbol, Style::secondaryText(), this))
 {
@@ -38,8 +38,6 @@ SearchField::SearchField(const QString& placeholder, QWidget* parent)
     QPalette colors = palette();
     colors.setColor(QPalette::Base, Qt::transparent);
     setPalette(colors);
-    setPlaceholderText(placeholder);
-    setAccessibleName(placeholder);
 }
 
 void SearchField::present(const QString& text)

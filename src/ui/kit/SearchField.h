@@ -10,8 +10,7 @@ class SearchField : public QLineEdit {
     Q_OBJECT
 
 public:
-    /// The placeholder is its accessible name too.
-    explicit SearchField(const QString& placeholder, QWidget* parent = nullptr);
+    explicit SearchField(QWidget* parent = nullptr);
 
     /// Shows a text that nobody typed: nothing is emitted, and the same text again moves no caret.
     void present(const QString& text);

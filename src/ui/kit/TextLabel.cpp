@@ -33,7 +33,7 @@ void TextLabel::setText(const QString& text)
 {
     if (text == this->text())
         return;
-    m_laid.setText(m_look.lines == Lines::Wrapped ? text : QString(text).replace(u'\n', u' '));
+    m_laid.setText(m_look.lines == Lines::Wrapped ? text : withBreaks(text, u' '));
     QLabel::setText(text);
 }
 
@@ -95,8 +95,7 @@ void TextLabel::paintEvent(QPaintEvent*)
     painter.setPen(m_look.color);
     const Qt::Alignment align = QStyle::visualAlignment(layoutDirection(), m_look.align);
     if (isCut()) {
-        const QString shown =
-            fontMetrics().elidedText(QString(text()).replace(u'\n', u' '), Qt::ElideRight, width());
+        const QString shown = fontMetrics().elidedText(withBreaks(text(), u' '), Qt::ElideRight, width());
         painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
         painter.drawText(
             rect(), int(align | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine), shown);

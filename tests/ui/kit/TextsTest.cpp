@@ -47,7 +47,8 @@ TEST(TextLabel, ATextThatIsCutIsWholeInItsTooltipAndExactlyAsTyped)
         QToolTip::hideText();
         EXPECT_FALSE(label.isCut());
     }
-    EXPECT_EQ(TextLabel({}, u"a\nb"_s).sizeHint(), TextLabel({}, u"a b"_s).sizeHint());
+    for (const QString& broken : {u"a\nb"_s, u"a\rb"_s, u"a\r\nb"_s, u"a\u2028b"_s, u"a\u2029b"_s})
+        EXPECT_EQ(TextLabel({}, broken).sizeHint(), TextLabel({}, u"a b"_s).sizeHint());
 }
 
 TEST(SelectableText, IsAsHighAsItsLinesInEveryFont)
@@ -61,7 +62,7 @@ TEST(SelectableText, IsAsHighAsItsLinesInEveryFont)
         SelectableText text({16}, Style::secondaryText(), {extra});
         QApplication::setFont(before);
         text.present(u"Слова стоят в строках, и 🙂 тоже. "_s.repeated(20)
-            + u"\nНовый абзац\n"_s);
+            + u"\nНовый\rабзац\u2029и\u2028строка\r\n"_s);
         for (const int width : {150, 333, 740}) {
             SCOPED_TRACE(testing::Message() << family.toStdString() << ' ' << width);
             text.resize(width, 50);
@@ -96,7 +97,7 @@ TEST(FairRow, TheWidestGiveWayAndWrapAndNothingLeavesTheRow)
 
 TEST(SearchField, IsEmptiedByItsButtonWhichIsThereOnlyWithText)
 {
-    SearchField field(u"Поиск"_s);
+    SearchField field;
     field.show();
     auto* const clear = field.findChild<QAbstractButton*>();
     EXPECT_FALSE(clear->isVisible());
