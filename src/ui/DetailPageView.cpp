@@ -133,7 +133,9 @@ void DetailPageView::presentFeatures(const QStringList& features)
         m_features.push_back({line, text});
     }
     for (std::size_t index = 0; index < m_features.size(); ++index) {
-        m_features[index].text->setText(features.value(qsizetype(index)));
+        TextLabel& text = *m_features[index].text;
+        text.setText(features.value(qsizetype(index)));
+        text.setMinimumWidth(qMin(int(Look::featureMinWidth), text.sizeHint().width()));
         m_features[index].line->setVisible(qsizetype(index) < features.size());
     }
 }

@@ -31,6 +31,8 @@ inline constexpr Length emptySymbol{54}, emptySpacing{12}, emptyLineSpacing{8}, 
 
 inline constexpr Length detailSpacing{25}, detailIcon{134}, detailLineSpacing{10}, detailActionsTop{5};
 inline constexpr Length factSpacing{34}, factLineSpacing{8}, featureSpacing{24};
+/// Many features stand in several rows rather than break every word.
+inline constexpr Length featureMinWidth{120};
 inline constexpr Length descriptionExtra{6}, descriptionMaxWidth{740};
 inline constexpr Length screenshotMaxWidth{680}, screenshotCorner{12};
 inline constexpr Length instructionTop{4}, instructionExtra{5};
