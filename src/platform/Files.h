@@ -6,8 +6,22 @@
 #include <QByteArray>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
+
+/// A file in one state of its content: two stamps of a place are equal as long as nobody has written to the
+/// file, or put another one there.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    std::uint64_t size = 0;
+    /// In nanoseconds; any change of the file sets it to the present.
+    std::int64_t changed = 0;
+
+    bool operator==(const FileStamp&) const = default;
+};
 
 /// Reading and copying whole files. Any thread.
 class Files {
@@ -25,6 +39,8 @@ public:
     Files& operator=(const Files&) = delete;
     virtual ~Files() = default;
 
+    /// None when nothing lies there. Costs a thousandth of reading an icon.
+    virtual std::optional<FileStamp> stamp(const Path& file) const = 0;
     /// The whole file.
     virtual Result<QByteArray> read(const Path& file) const = 0;
     /// Hands the whole file to `sink` in order, through two small blocks of memory. After a failure `sink`

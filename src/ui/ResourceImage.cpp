@@ -3,8 +3,6 @@
 #include "platform/Image.h"
 #include "platform/Platform.h"
 
-#include <QHashFunctions>
-
 #include <utility>
 
 namespace {
@@ -24,15 +22,14 @@ QImage decoded(std::span<const std::byte> file, int edge)
 
 bool ResourceImage::load(const Path& file, int edge)
 {
-    const auto read = Platform::current().files->read(file);
-    const std::span<const std::byte> bytes =
-        read ? std::as_bytes(std::span(*read)) : std::span<const std::byte>();
-    const std::size_t content = qHashBits(bytes.data(), bytes.size(), bytes.size());
-    if (std::exchange(m_content, content) == content && std::exchange(m_edge, edge) == edge)
+    const Files& files = *Platform::current().files;
+    const auto stamp = files.stamp(file);
+    const bool isSameFile = std::exchange(m_stamp, stamp) == stamp;
+    if (std::exchange(m_edge, edge) == edge && isSameFile)
         return false;
 
-    m_edge = edge;
-    m_image = decoded(bytes, edge);
+    const auto read = files.read(file);
+    m_image = read ? decoded(std::as_bytes(std::span(*read)), edge) : QImage();
     return true;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/Path.h"
+#include "platform/Files.h"
 
 #include <QImage>
 
-/// The picture in a file. Every load reads the file again; it is decoded again only when its content has
-/// changed, so that a refresh of the window costs little.
+/// The picture in a file. Every load looks at the file again; it is read and decoded again only when it has
+/// changed, so that a refresh of the window, or a keystroke, costs little.
 class ResourceImage {
 public:
     /// Of a set of pictures the one that suits `edge` device pixels is taken. Returns whether the picture is
@@ -23,7 +23,7 @@ public:
     QImage fitted(const QSizeF& box, qreal devicePixelRatio) const;
 
 private:
-    std::size_t m_content = 0;
+    std::optional<FileStamp> m_stamp;
     int m_edge = 0;
     QImage m_image;
 };

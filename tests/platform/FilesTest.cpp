@@ -67,7 +67,10 @@ TEST_F(FilesTest, WhatIsCopiedIsShownFirstAndReadAfterwards)
         put(source, text);
         for (const Files* files : std::initializer_list<const Files*>{&posix, &machine.files}) {
             seen.clear();
+            const auto before = files->stamp(file);
+            EXPECT_EQ(before, files->stamp(file));
             EXPECT_EQ(errorOf(files->copy(source, file, look, [&] { return resultOf(seen != text); })), 0);
+            EXPECT_NE(before, files->stamp(file));
             EXPECT_EQ(errorOf(files->readInBlocks(file, Reading::InTurns, look)), 0);
             EXPECT_EQ(errorOf(files->readInBlocks(file, Reading::Ahead, look)), 0);
             EXPECT_TRUE(seen == text + text + text);

@@ -15,6 +15,12 @@ auto lookUp(const Map& map, const Key& key) -> std::optional<typename Map::mappe
 
 } // namespace
 
+std::optional<FileStamp> FakePlatform::FakeFiles::stamp(const Path& file) const
+{
+    const auto bytes = lookUp(content, file);
+    return bytes ? std::optional(FileStamp{.number = qHash(*bytes)}) : std::nullopt;
+}
+
 Result<QByteArray> FakePlatform::FakeFiles::read(const Path& file) const
 {
     if (const auto error = lookUp(readErrors, file))

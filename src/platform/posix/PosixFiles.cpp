@@ -4,6 +4,7 @@
 #include "platform/posix/FileDescriptor.h"
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -89,6 +90,15 @@ std::future<void> writeInBackground(AtomicWrite& output, Files::Bytes bytes)
 }
 
 } // namespace
+
+std::optional<FileStamp> PosixFiles::stamp(const Path& file) const
+{
+    struct stat status { };
+    if (::stat(file.c_str(), &status) != 0)
+        return std::nullopt;
+    return FileStamp{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+        std::int64_t{status.st_ctim.tv_sec} * 1'000'000'000 + status.st_ctim.tv_nsec};
+}
 
 Result<QByteArray> PosixFiles::read(const Path& file) const
 try {

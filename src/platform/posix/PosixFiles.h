@@ -5,6 +5,7 @@
 /// Files of the system. Only regular files are read or replaced; pipes and devices are refused.
 class PosixFiles final : public Files {
 public:
+    std::optional<FileStamp> stamp(const Path& file) const override;
     Result<QByteArray> read(const Path& file) const override;
     Result<void> readInBlocks(const Path& file, Reading reading, const Sink& sink) const override;
     Result<void> copy(
