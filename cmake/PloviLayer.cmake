@@ -63,3 +63,10 @@ function(plovi_add_layers_test)
         COMMAND "${CMAKE_COMMAND}" "-DSOURCES=${PROJECT_SOURCE_DIR}/src" "-DRULES=${PROJECT_BINARY_DIR}/layers.txt"
                 -P "${PROJECT_SOURCE_DIR}/cmake/CheckLayers.cmake")
 endfunction()
+
+# Has the loader look for a name in these libraries (targets, or -l…) before it does in the target's others: most names
+# are theirs, and it looks for fourteen thousand while the window starts.
+function(plovi_search_first target)
+    list(TRANSFORM ARGN REPLACE "^.+::.+$" "$<TARGET_FILE:\\0>" OUTPUT_VARIABLE files)
+    target_link_options(${target} PRIVATE LINKER:--push-state,--no-as-needed ${files} LINKER:--pop-state)
+endfunction()
