@@ -70,14 +70,33 @@ void FeaturedCardView::paintEvent(QPaintEvent*)
     drawShadow(painter);
 }
 
+/// The colours change along the diagonal alone: each line has those of the one above it, moved on. Computing
+/// them for one line, and covering the corners afterwards, takes a fraction of what a gradient does.
 void FeaturedCardView::drawBackground(QPainter& painter) const
 {
+    const QRect card = contentsRect();
+    const qreal ratio = devicePixelRatio();
+    const int width = int(card.width() * ratio);
+    const int height = int(card.height() * ratio);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    QLinearGradient gradient(mirrored ? 1 : 0, 0, mirrored ? 0 : 1, 1);
-    gradient.setCoordinateMode(QGradient::ObjectMode);
-    gradient.setColorAt(0, Look::cardStart());
-    gradient.setColorAt(1, Look::cardEnd());
-    painter.fillPath(continuousRect(contentsRect(), Look::cardCorner), gradient);
+    QLinearGradient gradient(0, 0, 2 * width, 0);
+    gradient.setColorAt(mirrored ? 1 : 0, Look::cardStart());
+    gradient.setColorAt(mirrored ? 0 : 1, Look::cardEnd());
+    QImage colors(2 * width, 1, QImage::Format_RGB32);
+    QPainter(&colors).fillRect(colors.rect(), gradient);
+
+    painter.save();
+    painter.translate(card.topLeft());
+    painter.scale(1 / ratio, 1 / ratio);
+    for (int line = 0; line < height; ++line) {
+        const int moved = line * width / height;
+        painter.drawImage(QPoint(0, line), colors, QRect(mirrored ? width - moved : moved, 0, width, 1));
+    }
+    painter.restore();
+
+    QPainterPath corners = continuousRect(card, Look::cardCorner);
+    corners.addRect(card);
+    painter.fillPath(corners, Style::windowBackground());
 }
 
 void FeaturedCardView::drawShadow(QPainter& painter)
