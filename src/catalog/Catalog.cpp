@@ -4,9 +4,11 @@
 #include "platform/Platform.h"
 
 #include <QJsonDocument>
+#include <QtEndian>
 
 #include <simdjson.h>
 
+#include <bit>
 #include <cerrno>
 #include <new>
 
@@ -16,6 +18,8 @@ namespace dom = simdjson::dom;
 namespace {
 
 using Bytes = std::span<const std::byte>;
+
+constexpr std::string_view whiteSpace = " \t\n\r";
 
 tl::unexpected<Failure> failure(CatalogError error, const QString& description)
 {
@@ -27,6 +31,58 @@ QString toText(std::string_view utf8)
     return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
 }
 
+/// Where the next character is read, and where it is written.
+struct Place {
+    const uchar* byte;
+    char16_t* unit;
+};
+
+void copyCharacter(Place& at)
+{
+    const auto follower = [byte = at.byte](int index) { return char32_t(byte[index] & 0x3fU); };
+    const uchar first = *at.byte;
+    if (first < 0x80) {
+        *at.unit++ = first;
+        at.byte += 1;
+    } else if (first < 0xe0) {
+        *at.unit++ = char16_t((first & 0x1fU) << 6U | follower(1));
+        at.byte += 2;
+    } else if (first < 0xf0) {
+        *at.unit++ = char16_t((first & 0x0fU) << 12U | follower(1) << 6U | follower(2));
+        at.byte += 3;
+    } else {
+        const char32_t character =
+            (first & 0x07U) << 18U | follower(1) << 12U | follower(2) << 6U | follower(3);
+        *at.unit++ = QChar::highSurrogate(character);
+        *at.unit++ = QChar::lowSurrogate(character);
+        at.byte += 4;
+    }
+}
+
+/// Copies as many of the next eight bytes as are alike: letters of two bytes, as in Cyrillic, or all of them
+/// ASCII. False where a character follows that has to be copied on its own. A branch at each letter would be
+/// foreseen wrongly at the end of every word.
+bool copyAlike(Place& at)
+{
+    const auto eight = qFromLittleEndian<quint64>(at.byte);
+    const quint64 four = (eight & 0x001f001f001f001fU) << 6U | (eight >> 8U & 0x003f003f003f003fU);
+    at.unit[0] = char16_t(four);
+    at.unit[1] = char16_t(four >> 16U);
+    at.unit[2] = char16_t(four >> 32U);
+    at.unit[3] = char16_t(four >> 48U);
+    const quint64 misfits = (eight & 0x00e000e000e000e0U) ^ 0x00c000c000c000c0U;
+    const auto fitting = std::size_t(std::countr_zero(misfits)) / 16;
+    at.byte += 2 * fitting;
+    at.unit += fitting;
+    if (fitting == 4)
+        return true;
+    if ((eight & 0x8080808080808080U) != 0)
+        return false;
+    at.unit = std::copy_n(at.byte, 8, at.unit);
+    at.byte += 8;
+    return true;
+}
+
 /// Makes texts of UTF-8 that simdjson has checked already, which leaves only the copying. The room in which a
 /// text is spelled is used again for the next, so that each text allocates once and just what it needs.
 class TextDecoder {
@@ -36,32 +92,17 @@ public:
         if (m_units.size() < utf8.size())
             m_units.resize(std::max(utf8.size(), 2 * m_units.size()));
 
-        char16_t* unit = m_units.data();
-        const auto* byte = reinterpret_cast<const uchar*>(utf8.data());
-        const auto* const end = byte + utf8.size();
-        const auto follower = [&byte](int index) { return char32_t(byte[index] & 0x3fU); };
-        while (byte != end) {
-            if (*byte < 0x80) {
-                *unit++ = *byte++;
-            } else if (*byte < 0xe0) {
-                *unit++ = char16_t((*byte & 0x1fU) << 6U | follower(1));
-                byte += 2;
-            } else if (*byte < 0xf0) {
-                *unit++ = char16_t((*byte & 0x0fU) << 12U | follower(1) << 6U | follower(2));
-                byte += 3;
-            } else {
-                const char32_t character =
-                    (*byte & 0x07U) << 18U | follower(1) << 12U | follower(2) << 6U | follower(3);
-                *unit++ = QChar::highSurrogate(character);
-                *unit++ = QChar::lowSurrogate(character);
-                byte += 4;
-            }
+        Place at{reinterpret_cast<const uchar*>(utf8.data()), m_units.data()};
+        const auto* const end = at.byte + utf8.size();
+        while (at.byte != end) {
+            if (end - at.byte < 8 || !copyAlike(at))
+                copyCharacter(at);
         }
-        return QString(reinterpret_cast<const QChar*>(m_units.data()), unit - m_units.data());
+        return QString(reinterpret_cast<const QChar*>(m_units.data()), at.unit - m_units.data());
     }
 
 private:
-    std::vector<char16_t> m_units;
+    std::vector<char16_t> m_units = std::vector<char16_t>(1024);
 };
 
 /// The document, which lives as long as the parser.
@@ -193,7 +234,58 @@ Result<void> decodeEntry(dom::element element, qsizetype position, TextDecoder& 
     return {};
 }
 
-Result<Catalog> decode(Bytes json)
+/// Whether the mark comes next. It and the white space before it are taken away.
+bool take(std::string_view& json, char mark)
+{
+    json.remove_prefix(std::min(json.find_first_not_of(whiteSpace), json.size()));
+    const bool isNext = json.starts_with(mark);
+    json.remove_prefix(isNext ? 1 : 0);
+    return isNext;
+}
+
+/// Takes away the object that comes next. No part of an object is one, so it ends at the first brace where it
+/// can be parsed; its texts may have braces too, but few.
+std::optional<dom::element> takeObject(std::string_view& json, dom::parser& parser)
+{
+    std::size_t length = 0;
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        length = json.find('}', length) + 1;
+        if (length == 0)
+            break;
+        dom::element object;
+        const bool isCopied = json.size() - length < simdjson::SIMDJSON_PADDING;
+        if (parser.parse(json.data(), length, isCopied).get(object) == simdjson::SUCCESS) {
+            json.remove_prefix(length);
+            return object;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Decodes entry by entry, so that what is known of one stays in the processor's cache: a document of all of
+/// them takes several times the memory of the file. Nothing when anything is wrong or unusual.
+std::optional<Catalog> decodeEachEntry(std::string_view json)
+{
+    dom::parser parser;
+    TextDecoder texts;
+    Catalog catalog;
+    for (char mark = '['; take(json, mark); mark = ',') {
+        const std::size_t left = json.size();
+        const auto entry = takeObject(json, parser);
+        if (!entry)
+            return std::nullopt;
+        if (catalog.empty())
+            catalog.reserve(left / (left - json.size()) + 1);
+        StoreApp& app = catalog.emplace_back();
+        if (!decodeEntry(*entry, qsizetype(catalog.size()), texts, app))
+            return std::nullopt;
+    }
+    if (!take(json, ']') || json.find_first_not_of(whiteSpace) != std::string_view::npos)
+        return std::nullopt;
+    return catalog;
+}
+
+Result<Catalog> decodeDocument(Bytes json)
 {
     dom::parser parser;
     const auto document = parse(parser, json);
@@ -219,7 +311,9 @@ Result<Catalog> decode(Bytes json)
 Result<Catalog> decodeCatalog(Bytes json)
 {
     try {
-        return decode(json);
+        if (auto catalog = decodeEachEntry({reinterpret_cast<const char*>(json.data()), json.size()}))
+            return std::move(*catalog);
+        return decodeDocument(json);
     } catch (const std::bad_alloc&) {
         return tl::unexpected(systemFailure(ENOMEM));
     }

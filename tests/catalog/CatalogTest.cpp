@@ -74,6 +74,20 @@ TEST(Catalog, KeepsEveryFieldAndTheOrderOfTheFile)
             u"architecture"_s, {u"ф"_s, u"₽𝄞𝄞"_s}, 7}}));
 }
 
+TEST(Catalog, KeepsTextsOfEveryWidthAndBracesInThem)
+{
+    const QStringList parts{u"я"_s, u"ascii "_s, u"слово "_s, u"₽"_s, u"𝄞"_s, u"}"_s};
+    StoreApp app = sample::brisko();
+    for (int number = 0; number < 1296; ++number) {
+        app.description.clear();
+        for (int rest = number; rest > 0; rest /= 6)
+            app.description += parts[rest % 6];
+        ASSERT_EQ(decode(encodeCatalog({app, app}))->at(1).description, app.description);
+    }
+    app.headline = QString(20, u'}');
+    EXPECT_EQ(decode(encodeCatalog({app, app})), (Catalog{app, app}));
+}
+
 TEST(Catalog, NamesTheEntryAndTheKeyThatIsMissingNullOrOfAnotherType)
 {
     for (const std::string_view text : codingKeyTexts) {
@@ -107,6 +121,8 @@ TEST(Catalog, FailsAsAWholeWhenTheFileIsBroken)
              std::pair<QByteArray, const char*>("", "строке 1"),
              {"PloviStore\n", "строке 1"},
              {"[\n1,\n2", "строке 3"},
+             {edited("\n]", ",]"), "JSON"},
+             {edited("},", "}"), "JSON"},
              {edited("]", "]]"), "JSON"},
              {edited("Быстро", "\xff\xfe"), "JSON"},
              {QByteArray(100'000, '['), "JSON"},
@@ -128,7 +144,7 @@ TEST(Catalog, SaysThatMemoryIsShort)
         requestsLeft = -1;
         ASSERT_TRUE(catalog || catalog.error() == systemFailure(ENOMEM));
     }
-    EXPECT_GT(failures, 3);
+    EXPECT_GT(failures, 2);
 }
 
 TEST(Catalog, IsReadFromTheResourceFolder)
