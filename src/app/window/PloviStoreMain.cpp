@@ -15,7 +15,7 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QLibraryInfo>
-#include <QPointer>
+#include <QScopedValueRollback>
 #include <QTranslator>
 
 #include <cstdio>
@@ -80,10 +80,10 @@ void speakRussian(QTranslator& translator)
 
 int PloviStoreMain::run(int argc, char* argv[])
 {
-    QPointer<StoreWindow> window;
-    SingleInstance instance(ownName(), [&window] {
-        if (window)
-            window->raiseToFront();
+    PloviStoreMain* running = nullptr;
+    SingleInstance instance(ownName(), [&running] {
+        if (running)
+            running->showWindow();
     });
     if (instance.claim() == SingleInstance::Role::Second)
         return 0;
@@ -110,7 +110,7 @@ int PloviStoreMain::run(int argc, char* argv[])
     Style::applyTo(application);
 
     PloviStoreMain program;
-    window = &program.m_window;
+    const QScopedValueRollback isRunning(running, &program);
     // Closes an open save panel and the window as the user would.
     const EndingSignals signalsToEnd(&QApplication::closeAllWindows);
     return program.exec();
@@ -146,6 +146,12 @@ int PloviStoreMain::exec()
         status = QApplication::exec();
     while (!isDone());
     return status;
+}
+
+void PloviStoreMain::showWindow()
+{
+    m_isBackWithFailure = false;
+    m_window.raiseToFront();
 }
 
 bool PloviStoreMain::isDone() const

@@ -17,6 +17,9 @@ public:
     /// it is closed again or the message is dismissed.
     int exec();
 
+    /// Shows the window because the user asks for it: it stays until it is closed.
+    void showWindow();
+
     StoreWindow& window() { return m_window; }
 
 private:

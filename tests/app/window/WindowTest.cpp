@@ -89,6 +89,7 @@ TEST_F(WindowTest, AFailureAfterTheWindowWasClosedBringsItBack)
 {
     for (const Step& answer : {dismiss, close})
         run({save, close, seeNoWindow, finish, seeWindow, answer});
+    run({save, close, finish, [this] { program->showWindow(); }, dismiss, seeWindow, close});
     run({save, finish, dismiss, seeWindow, close});
     platform.workspace.registry[brisko.bundleID] = "/opt/Brisko.app";
     run({open, close, seeNoWindow, finish});
