@@ -83,8 +83,7 @@ void StoreView::answer(const Request& request)
 {
     const bool isRefresh = std::holds_alternative<request::Refresh>(request);
     const bool isDismissal = std::holds_alternative<request::Dismiss>(request);
-    const bool isCovered = m_isAnswering || (m_sheet && m_sheet->isVisible());
-    if (isCovered && !isRefresh && !isDismissal) {
+    if ((m_isAnswering || isCovered(*this)) && !isRefresh && !isDismissal) {
         planRebuild(); // The search field shows its former text again.
         return;
     }

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "ui/Look.h"
 #include "ui/StoreView.h"
+#include "ui/kit/Accessibility.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/Style.h"
 
@@ -52,7 +53,21 @@ StoreWindow::~StoreWindow()
 
 bool StoreWindow::isAvailable(Command command) const
 {
-    return command < Command::Undo || command > Command::SelectAll || canEdit(m_edited, command);
+    switch (command) {
+    case Command::Quit:
+    case Command::Close:
+    case Command::FullScreen:
+    case Command::Minimize:
+    case Command::Zoom:
+        return true;
+    case Command::About:
+    case Command::VisitSite:
+    case Command::Find:
+    case Command::Refresh:
+        return !isCovered(*m_view);
+    default:
+        return m_edited && !isCovered(*m_edited) && canEdit(m_edited, command);
+    }
 }
 
 void StoreWindow::raiseToFront()
@@ -70,6 +85,8 @@ void StoreWindow::refresh()
 
 void StoreWindow::run(Command command)
 {
+    if (!isAvailable(command))
+        return;
     switch (command) {
     case Command::About:
         return showAbout();

@@ -8,8 +8,6 @@
 #include <QAccessibleWidget>
 #include <QApplication>
 
-#include <algorithm>
-
 namespace {
 
 constexpr const char* decorative = "decorative";
@@ -140,11 +138,10 @@ QAccessibleInterface* makeNode(const QString&, QObject* object)
 bool isCovered(const QWidget& widget)
 {
     const QWidget* const dialog = QApplication::activeModalWidget();
-    const auto sheets = widget.window()->findChildren<const MessageSheet*>();
-    return (dialog && dialog != widget.window())
-        || std::ranges::any_of(sheets, [&widget](const MessageSheet* sheet) {
-               return sheet->isVisible() && !sheet->isAncestorOf(&widget);
-           });
+    const QWidget* sheet = nullptr;
+    for (const auto* child : widget.window()->findChildren<MessageSheet*>(Qt::FindDirectChildrenOnly))
+        sheet = child->isVisible() ? child : sheet;
+    return (dialog && dialog != widget.window()) || (sheet && !sheet->isAncestorOf(&widget));
 }
 
 void makeDecorative(QWidget& widget)

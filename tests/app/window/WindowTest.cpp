@@ -147,7 +147,13 @@ TEST_F(WindowTest, EachMenuItemDoesWhatItSays)
         EXPECT_EQ(window()->windowState(), Qt::WindowNoState);
     }
     choose(u"О программе PloviStore"_s);
-    EXPECT_TRUE(button(u"Понятно"_s));
+    auto* const search = window()->findChild<QLineEdit*>();
+    choose(u"Найти приложение"_s);
+    choose(u"Сайт Orbanel"_s);
+    search->setText(u"x"_s);
+    EXPECT_EQ(window()->focusWidget(), button(u"Понятно"_s));
+    EXPECT_EQ(search->text(), QString());
+    EXPECT_EQ(platform.workspace.addresses.size(), 1);
 }
 
 TEST_F(WindowTest, EditingWorksOnTheSearch)

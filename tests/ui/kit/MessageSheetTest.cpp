@@ -46,6 +46,16 @@ TEST(MessageSheet, KeepsFocusKeysAndAssistiveTechnologyInsideAndFitsTheWindow)
     EXPECT_TRUE(sheet.rect().contains(QRect(button->mapTo(&sheet, QPoint()), button->size())));
     sheet.present(u"PloviStore"_s, u"Коротко."_s, u"Понятно"_s);
     EXPECT_EQ(text->height(), text->heightForWidth(text->width()));
-    QTest::keyClick(text, Qt::Key_Return);
+
+    MessageSheet upper(&window);
+    upper.present(u"PloviStore"_s, u"Сохранено."_s, u"Понятно"_s);
+    const auto answers = [](QWidget* widget) {
+        return !QAccessible::queryAccessibleInterface(widget)->actionInterface()->actionNames().isEmpty();
+    };
+    EXPECT_TRUE(answers(upper.findChild<ProminentButton*>()));
+    EXPECT_FALSE(answers(button));
+    upper.dismiss();
+    EXPECT_TRUE(answers(button));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(below.hasFocus());
 }
