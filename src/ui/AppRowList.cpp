@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <ranges>
 #include <utility>
 
 namespace {
@@ -132,11 +133,25 @@ void AppRowList::arrange()
             row->present(m_list.row(position));
         }
         row->setGeometry(0, top(position), width(), m_rowHeight);
-        row->show();
         for (QWidget* stop : row->tabStops()) {
             setTabOrder(before, stop);
             before = stop;
         }
+    }
+    showInOrder();
+}
+
+/// The order among siblings is the order in which a screen reader reads them. Only the rows that appear are
+/// moved, since moving paints.
+void AppRowList::showInOrder()
+{
+    QWidget* next = nullptr;
+    for (const auto& [app, row] : std::views::reverse(m_rows)) {
+        if (row->isHidden()) {
+            next ? row->stackUnder(next) : row->raise();
+            row->show();
+        }
+        next = row;
     }
 }
 

@@ -34,9 +34,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The entries lie in the store's catalog, whose order every list has.
     using Rows = std::map<const StoreApp*, AppRow*>;
 
     void arrange();
+    void showInOrder();
     Rows rowsToKeep(std::size_t first, std::size_t end);
     AppRow* takeRow();
     int pitch() const;

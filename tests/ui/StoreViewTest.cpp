@@ -1,9 +1,11 @@
 #include "ui/StoreView.h"
 
 #include "ui/AppRow.h"
+#include "ui/AppRowList.h"
 #include "ui/UiTest.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/PageScroll.h"
+#include "ui/kit/PlainButton.h"
 #include "ui/kit/SelectableText.h"
 #include "ui/kit/Spinner.h"
 
@@ -53,6 +55,18 @@ protected:
         node->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         settle();
     }
+
+    void expectRowsAreReadFromTopToBottom()
+    {
+        auto* const list = QAccessible::queryAccessibleInterface(shown<AppRowList>());
+        std::vector<int> tops;
+        for (int index = 0; index < list->childCount(); ++index) {
+            if (!list->child(index)->state().invisible)
+                tops.push_back(list->child(index)->rect().y());
+        }
+        EXPECT_GT(tops.size(), 1U);
+        EXPECT_TRUE(std::ranges::is_sorted(tops));
+    }
 };
 
 TEST_F(StoreViewTest, TheTitleFollowsThePageAndOnlyEscapeInItsFieldEmptiesASearch)
@@ -82,7 +96,9 @@ TEST_F(StoreViewTest, TheTitleFollowsThePageAndOnlyEscapeInItsFieldEmptiesASearc
 
 TEST_F(StoreViewTest, EveryWayBackLeavesAnEntrysPage)
 {
-    open(many(100));
+    Catalog apps = many(100);
+    apps[1].category = apps[3].category = u"Медиа"_s;
+    open(apps);
     scrollBar().setValue(3000);
     settle();
     const std::vector<std::function<void(QWidget*)>> ways = {
@@ -113,6 +129,9 @@ TEST_F(StoreViewTest, EveryWayBackLeavesAnEntrysPage)
     scrollBar().setValue(1000);
     press(u"Все приложения"_s);
     EXPECT_EQ(offset(), 0) << "and so does another section";
+    press(u"Медиа"_s);
+    press(u"Все приложения"_s);
+    expectRowsAreReadFromTopToBottom();
 }
 
 TEST_F(StoreViewTest, AChangeOfTheStoreMovesNothingOnACatalogPage)
@@ -338,6 +357,7 @@ TEST_F(StoreViewTest, OnlyRowsNearTheViewExistAndTheTabKeyReachesThemAll)
     EXPECT_EQ(QApplication::focusWidget(), focused);
     EXPECT_EQ(focused->accessibleName(), u"Скачать Brisko 0 в ZIP"_s)
         << "the row keeps its entry out of view";
+    expectRowsAreReadFromTopToBottom();
 
     scrollBar().setValue(0);
     settle();
