@@ -111,6 +111,9 @@ AppRowList::Rows AppRowList::rowsToKeep(std::size_t first, std::size_t end)
             row->move(0, top(std::size_t(place - m_list.apps.begin())));
             kept.emplace(app, row);
         } else {
+            // Else Qt hands the focus on, from the last row to the search field.
+            if (QWidget* const focused = window()->focusWidget(); row->isAncestorOf(focused))
+                focused->clearFocus();
             row->hide();
             m_spare.push_back(row);
         }

@@ -47,6 +47,7 @@ CatalogPageView::CatalogPageView(Requests& requests, QWidget* parent)
 
 void CatalogPageView::present(const CatalogPage& page)
 {
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
     m_title->setText(page.header.title);
     m_subtitle->setText(page.header.subtitle);
 
@@ -62,8 +63,10 @@ void CatalogPageView::present(const CatalogPage& page)
     const auto* const list = std::get_if<AppList>(&page.body);
     m_listTitle->setVisible(list && list->title);
     m_listTitle->setText(list ? list->title.value_or(QString()) : QString());
-    m_rows->setVisible(list != nullptr);
     m_rows->present(list ? *list : AppList());
+    m_rows->setVisible(list != nullptr);
+    if (hadFocus && !window()->focusWidget())
+        setFocus(Qt::OtherFocusReason);
 
     m_footer->setVisible(page.footer.has_value());
     m_footerText->setText(page.footer.value_or(QString()));

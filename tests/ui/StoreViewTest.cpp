@@ -175,15 +175,25 @@ TEST_F(StoreViewTest, AChangeOfTheStoreMovesNothingOnAnEntrysPage)
     EXPECT_EQ(description->textCursor().selectedText(), brisko.description);
 }
 
-TEST_F(StoreViewTest, AnApplicationInstalledElsewhereShowsAfterARefresh)
+TEST_F(StoreViewTest, ARefreshShowsWhatWasInstalledAndRemovedElsewhere)
 {
-    open({brisko});
+    open({brisko, kadrilo});
     platform.bundles.installed["/Applications/Brisko.app"] = brisko.bundleID;
 
     press(u"Обновить список установленных приложений"_s);
     press(u"Открыть"_s);
 
     EXPECT_THAT(platform.workspace.opened, ElementsAre("/Applications/Brisko.app"));
+
+    platform.bundles.installed["/Applications/Kadrilo.app"] = kadrilo.bundleID;
+    press(u"Установленные"_s);
+    for (const QString& name : {u"Kadrilo"_s, u"Brisko"_s}) {
+        button(u"Скачать %1 в ZIP"_s.arg(name))->setFocus();
+        platform.bundles.installed.erase(toPath(u"/Applications/%1.app"_s.arg(name)));
+        view().answer(request::Refresh());
+        settle();
+        EXPECT_EQ(QApplication::focusWidget(), shown<PageScroll>()) << name.toStdString();
+    }
 }
 
 TEST_F(StoreViewTest, ASaveTurnsTheArrowIntoASpinnerAndEndsInAMessage)
