@@ -7,6 +7,7 @@
 #include "ui/kit/Accessibility.h"
 #include "ui/kit/Divider.h"
 #include "ui/kit/MessageSheet.h"
+#include "ui/kit/PlainButton.h"
 #include "ui/kit/Stacks.h"
 #include "ui/kit/SymbolButton.h"
 #include "ui/kit/TextLabel.h"
@@ -108,10 +109,13 @@ void StoreView::doWhat(const request::Search& asked)
 void StoreView::doWhat(const request::Open& asked)
 {
     m_opener = focusWidget();
+    const auto* const opener = qobject_cast<const PlainButton*>(m_opener);
+    const auto reason = opener && opener->showsFocus() ? Qt::TabFocusReason : Qt::MouseFocusReason;
     m_view.selected = asked.app;
+    dropFocus();
     rebuild();
     m_detail->verticalScrollBar()->setValue(0);
-    m_detail->firstStop()->setFocus();
+    m_detail->firstStop()->setFocus(reason);
 }
 
 void StoreView::doWhat(const request::GoBack&)
@@ -119,12 +123,17 @@ void StoreView::doWhat(const request::GoBack&)
     if (!m_view.selected)
         return;
     m_view.selected.reset();
-    // Else the page that appears would hand the focus to its first control, and scroll there.
-    if (QWidget* const focused = focusWidget())
-        focused->clearFocus();
+    dropFocus();
     rebuild();
     QWidget* const next = m_opener && m_opener->isVisible() ? m_opener.data() : m_catalog;
     next->setFocus(Qt::OtherFocusReason);
+}
+
+/// Else the page that appears would hand the focus to its first control, and scroll there.
+void StoreView::dropFocus()
+{
+    if (QWidget* const focused = focusWidget())
+        focused->clearFocus();
 }
 
 void StoreView::doWhat(const request::Launch& asked)

@@ -45,6 +45,7 @@ private:
     void doWhat(const request::Save& asked);
     void doWhat(const request::Refresh& asked);
     void doWhat(const request::Dismiss& asked);
+    void dropFocus();
     void planRebuild();
     void rebuild();
     void present(const CatalogPage& page);

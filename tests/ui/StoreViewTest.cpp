@@ -110,11 +110,15 @@ TEST_F(StoreViewTest, EveryWayBackLeavesAnEntrysPage)
         [this](QWidget*) { pressAccessibly(u"Назад к приложениям"_s); },
     };
     QAbstractButton* const opener = button(u"Подробнее о Brisko 26"_s);
+    bool isByKeyboard = false;
     for (const auto& goBack : ways) {
+        isByKeyboard = !isByKeyboard;
         shown<QLineEdit>()->setFocus();
+        opener->setFocus(isByKeyboard ? Qt::TabFocusReason : Qt::MouseFocusReason);
         pressAccessibly(opener->accessibleName());
         EXPECT_EQ(offset(), 0);
         EXPECT_EQ(QApplication::focusWidget(), button(u"Назад к приложениям"_s));
+        EXPECT_EQ(static_cast<PlainButton*>(QApplication::focusWidget())->showsFocus(), isByKeyboard);
 
         goBack(QApplication::focusWidget());
         settle();
