@@ -86,8 +86,9 @@ TEST(Pack, LeavesTheOldStoreUntilTheNewOneIsProved)
                  "plovistore-pack: another run is writing s.app\n"},
              Case{"cd / && "_L1 + QStringLiteral(PACK_PROGRAM) + u" pack $OLDPWD/c $OLDPWD/c"_s, 1,
                  "the name of a store ends with .app\n"},
-             Case{"mkdir -p my.app/Contents/MacOS;"_L1 + Sample::packing(u"c"_s, u"my.app"_s), 1,
-                 "cannot replace my.app: it is no store\n"},
+             Case{"mkdir -p my.app/Contents/MacOS e.app/Contents; touch my.app/Contents/MacOS/my;"_L1
+                     + Sample::packing(u"c"_s, u"my.app"_s),
+                 1, "cannot replace my.app: it is no store\n"},
              Case{"touch note.app;"_L1 + Sample::packing(u"c"_s, u"note.app"_s), 1,
                  "cannot replace note.app: it is no store\n"},
              Case{Sample::packing(u"c"_s, u"s.app"_s) + u"--program c"_s, 1,
@@ -98,7 +99,11 @@ TEST(Pack, LeavesTheOldStoreUntilTheNewOneIsProved)
         EXPECT_THAT(ending.output + ending.errors, HasSubstr(told));
         EXPECT_EQ(sample.shell(u"diff -r s.app old"_s).status, 0) << told;
     }
-    EXPECT_EQ(sample.shell("touch .s.app.new/left;"_L1 + Sample::packing(u"c"_s, u"s.app/"_s)).status, 0);
+    EXPECT_EQ(sample
+                  .shell("touch .s.app.new/left;"_L1 + Sample::packing(u"c"_s, u"s.app/"_s) + " && "_L1
+                      + Sample::packing(u"c"_s, u"e.app"_s))
+                  .status,
+        0);
     EXPECT_EQ(sample.shell(u"diff -rq s.app old; find . -maxdepth 1 -name '.?*'"_s).output,
         "Files s.app/Contents/Resources/catalog.json and old/Contents/Resources/catalog.json differ\n");
 }

@@ -117,15 +117,31 @@ Result<void> writeStore(const PackOrder& order, Collection& collection, const Pa
         [&] { return writeFile(resources / bundle_file::catalog, encodeCatalog(collection.catalog())); });
 }
 
-/// Only a store is ever replaced, or an empty folder.
-Result<void> checkTarget(const Path& store)
+/// Whether there are folders at most, as those that a build makes for what is to come.
+bool isFree(const Path& store)
 {
     std::error_code error;
+    const auto isFolder = [](const fs::file_status& status) {
+        return status.type() == fs::file_type::directory;
+    };
     const auto status = fs::symlink_status(store, error);
-    const bool isFree = !fs::exists(status) || (fs::is_directory(status) && fs::is_empty(store, error));
+    if (!fs::exists(status))
+        return true;
+    if (!isFolder(status))
+        return false;
+    fs::recursive_directory_iterator place(store, error);
+    while (!error && place != fs::end(place) && isFolder(place->symlink_status(error)))
+        place.increment(error);
+    return !error && place == fs::end(place);
+}
+
+/// Only a store is ever replaced.
+Result<void> checkTarget(const Path& store)
+{
     if (store.extension() != ".app" && (store.has_filename() || store.parent_path().extension() != ".app"))
         return cannot("write"_L1, store, u"the name of a store ends with .app"_s);
-    if (!isFree && !fs::is_regular_file(store / bundle_file::resources / bundle_file::catalog, error))
+    std::error_code error;
+    if (!isFree(store) && !fs::is_regular_file(store / bundle_file::resources / bundle_file::catalog, error))
         return cannot("replace"_L1, store, u"it is no store"_s);
     return {};
 }
