@@ -15,6 +15,8 @@ MenuBar::MenuBar(const std::function<bool(Command)>& isAvailable, QWidget* paren
     setFont(Style::font(Look::menu));
     for (const Menu& menu : menus()) {
         QMenu* const shown = addMenu(menu.title);
+        // A menu bar takes the focus from the keyboard only, and gives it back before the command is chosen.
+        connect(shown, &QMenu::aboutToShow, this, [this] { m_wasOpenedByKeyboard = hasFocus(); });
         for (const MenuItem& item : menu.items) {
             if (item.opensGroup)
                 shown->addSeparator();

@@ -22,24 +22,26 @@ constexpr QSize frame(16, 48);
 
 } // namespace
 
-StoreWindow::StoreWindow(Store& store, QWidget* parent) : QMainWindow(parent), m_view(new StoreView(store))
+StoreWindow::StoreWindow(Store& store, QWidget* parent)
+    : QMainWindow(parent)
+    , m_view(new StoreView(store))
+    , m_menuBar(new MenuBar([this](Command command) { return isAvailable(command); }))
 {
-    auto* const menuBar = new MenuBar([this](Command command) { return isAvailable(command); });
-    setMenuBar(menuBar);
+    setMenuBar(m_menuBar);
     setCentralWidget(m_view);
     const QSize available = screen()->availableSize() - frame;
     resize(QSize(Look::windowWidth, Look::windowHeight).boundedTo(available));
     m_view->setMinimumSize(
-        m_view->minimumSize().boundedTo(available - QSize(0, menuBar->sizeHint().height())));
+        m_view->minimumSize().boundedTo(available - QSize(0, m_menuBar->sizeHint().height())));
     setWindowTitle(m_view->windowTitle());
     setWindowIcon(m_view->windowIcon());
     m_view->setFocus();
 
     connect(m_view, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
-    connect(menuBar, &MenuBar::chosen, this, &StoreWindow::run);
-    connect(qApp, &QApplication::focusChanged, this, [this, menuBar](QWidget*, QWidget* now) {
+    connect(m_menuBar, &MenuBar::chosen, this, &StoreWindow::run);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         // Opened by the keyboard, the menu bar has the focus itself until its command is done.
-        if (now && now != menuBar)
+        if (now && now != m_menuBar)
             m_edited = now;
     });
     connect(
@@ -118,5 +120,5 @@ void StoreWindow::showAbout()
     m_about->present(u"PloviStore"_s,
         u"Магазин приложений Orbanel, версия %1. Установочные архивы уже внутри, сеть не нужна."_s.arg(
             QApplication::applicationVersion()),
-        u"Понятно"_s);
+        u"Понятно"_s, m_menuBar->wasOpenedByKeyboard());
 }

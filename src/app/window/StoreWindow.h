@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+class MenuBar;
 class MessageSheet;
 class StoreView;
 
@@ -28,6 +29,7 @@ private:
     void showAbout();
 
     StoreView* m_view;
+    MenuBar* m_menuBar;
     MessageSheet* m_about = nullptr;
     /// What the editing commands mean.
     QPointer<QWidget> m_edited;

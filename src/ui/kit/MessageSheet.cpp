@@ -39,7 +39,8 @@ MessageSheet::MessageSheet(QWidget* window)
     connect(m_button, &QAbstractButton::clicked, this, &MessageSheet::close);
 }
 
-void MessageSheet::present(const QString& title, const QString& text, const QString& buttonTitle)
+void MessageSheet::present(
+    const QString& title, const QString& text, const QString& buttonTitle, bool isAskedByKeyboard)
 {
     const bool appears = isHidden();
     if (!appears && title == accessibleName() && text == accessibleDescription())
@@ -58,7 +59,8 @@ void MessageSheet::present(const QString& title, const QString& text, const QStr
         raise();
         show();
         const auto* before = qobject_cast<PlainButton*>(m_focusBefore);
-        m_button->setFocus(before && before->showsFocus() ? Qt::TabFocusReason : Qt::PopupFocusReason);
+        const bool shows = isAskedByKeyboard || (before && before->showsFocus());
+        m_button->setFocus(shows ? Qt::TabFocusReason : Qt::MouseFocusReason);
     }
     placePanel();
     QAccessibleEvent announcement(this, QAccessible::Alert);

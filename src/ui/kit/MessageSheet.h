@@ -17,8 +17,10 @@ public:
     explicit MessageSheet(QWidget* window);
 
     /// Shows the sheet, or only changes its texts where it is shown already; the same again changes nothing,
-    /// and is not announced again. The focus goes to the button.
-    void present(const QString& title, const QString& text, const QString& buttonTitle);
+    /// and is not announced again. The focus goes to the button, which shows it where the keyboard asked for
+    /// the message or the button that had the focus before showed it.
+    void present(const QString& title, const QString& text, const QString& buttonTitle,
+        bool isAskedByKeyboard = false);
 
     /// Hides the sheet and gives the focus back to whoever had it. Without a sheet shown, nothing happens.
     void dismiss();

@@ -1,6 +1,7 @@
 #include "app/window/PloviStoreMain.h"
 #include "support/FakePlatform.h"
 #include "support/Samples.h"
+#include "ui/kit/PlainButton.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -146,7 +147,14 @@ TEST_F(WindowTest, EachMenuItemDoesWhatItSays)
         state == Qt::WindowMinimized ? window()->raiseToFront() : choose(title);
         EXPECT_EQ(window()->windowState(), Qt::WindowNoState);
     }
-    choose(u"О программе PloviStore"_s);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    for (const auto key : {Qt::Key_Alt, Qt::Key_Down, Qt::Key_Return}) {
+        auto* const menu = QApplication::activePopupWidget();
+        QTest::keyClick(menu ? menu : QApplication::focusWidget(), key);
+    }
+    window()->activateWindow(); // Offscreen a popup leaves no window active.
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    EXPECT_TRUE(qobject_cast<PlainButton*>(button(u"Понятно"_s))->showsFocus());
     auto* const search = window()->findChild<QLineEdit*>();
     choose(u"Найти приложение"_s);
     choose(u"Сайт Orbanel"_s);
