@@ -4,8 +4,10 @@
 
 #include <QByteArray>
 
+// What is asked for by name first builds a table of every algorithm, a tenth of the self-test.
+#define OPENSSL_SUPPRESS_DEPRECATED
 #include <openssl/crypto.h>
-#include <openssl/evp.h>
+#include <openssl/sha.h>
 
 #include <array>
 
@@ -17,44 +19,17 @@ namespace {
 /// window's start and a thirtieth of its memory.
 struct Crypto {
     LateLibrary library{"libcrypto.so." QT_STRINGIFY(OPENSSL_SHLIB_VERSION)};
-    PLOVI_LATE_FUNCTION(EVP_DigestFinal_ex);
-    PLOVI_LATE_FUNCTION(EVP_DigestInit_ex2);
-    PLOVI_LATE_FUNCTION(EVP_DigestUpdate);
-    PLOVI_LATE_FUNCTION(EVP_MD_CTX_free);
-    PLOVI_LATE_FUNCTION(EVP_MD_CTX_new);
-    PLOVI_LATE_FUNCTION(EVP_MD_fetch);
-    PLOVI_LATE_FUNCTION(EVP_MD_free);
-    PLOVI_LATE_FUNCTION(OPENSSL_init_crypto);
-    PLOVI_LATE_FUNCTION(OSSL_LIB_CTX_free);
-    PLOVI_LATE_FUNCTION(OSSL_LIB_CTX_new);
+    PLOVI_LATE_FUNCTION(SHA256_Final);
+    PLOVI_LATE_FUNCTION(SHA256_Init);
+    PLOVI_LATE_FUNCTION(SHA256_Update);
+
+    bool isThere() const { return SHA256_Final && SHA256_Init && SHA256_Update; }
 };
 
 const Crypto& crypto()
 {
     static const Crypto functions;
     return functions;
-}
-
-struct Free {
-    void operator()(OSSL_LIB_CTX* library) const { crypto().OSSL_LIB_CTX_free(library); }
-    void operator()(EVP_MD* digest) const { crypto().EVP_MD_free(digest); }
-    void operator()(EVP_MD_CTX* context) const { crypto().EVP_MD_CTX_free(context); }
-};
-
-/// The library's implementation, apart from what the machine configures for everybody: a setting that allows
-/// only certified algorithms, or that the library cannot read, would take SHA-256 away.
-struct Algorithm {
-    std::unique_ptr<OSSL_LIB_CTX, Free> library{crypto().OSSL_LIB_CTX_new()};
-    std::unique_ptr<EVP_MD, Free> digest{
-        library ? crypto().EVP_MD_fetch(library.get(), "SHA256", nullptr) : nullptr};
-};
-
-const EVP_MD* algorithm()
-{
-    // Without this the first digest reads the machine's configuration all the same, only to leave it aside.
-    crypto().OPENSSL_init_crypto(OPENSSL_INIT_NO_LOAD_CONFIG, nullptr);
-    static const Algorithm algorithm;
-    return algorithm.digest.get();
 }
 
 tl::unexpected<Failure> unavailable()
@@ -66,9 +41,8 @@ tl::unexpected<Failure> unavailable()
 } // namespace
 
 struct Sha256::Context {
-    std::unique_ptr<EVP_MD_CTX, Free> digest{
-        crypto().library.isLoaded() ? crypto().EVP_MD_CTX_new() : nullptr};
-    bool isReady = digest && algorithm() && crypto().EVP_DigestInit_ex2(digest.get(), algorithm(), nullptr);
+    SHA256_CTX digest;
+    bool isReady = crypto().isThere() && crypto().SHA256_Init(&digest);
 };
 
 Sha256::Sha256() : m_context(std::make_unique<Context>()) { }
@@ -77,17 +51,16 @@ Sha256::~Sha256() = default;
 
 Result<void> Sha256::update(std::span<const std::byte> bytes)
 {
-    if (!m_context->isReady
-        || !crypto().EVP_DigestUpdate(m_context->digest.get(), bytes.data(), bytes.size()))
+    if (!m_context->isReady || !crypto().SHA256_Update(&m_context->digest, bytes.data(), bytes.size()))
         return unavailable();
     return {};
 }
 
 Result<QString> Sha256::finalize()
 {
-    std::array<char, 32> digest{};
+    std::array<char, SHA256_DIGEST_LENGTH> digest{};
     auto* const bytes = reinterpret_cast<unsigned char*>(digest.data());
-    if (!m_context->isReady || !crypto().EVP_DigestFinal_ex(m_context->digest.get(), bytes, nullptr))
+    if (!m_context->isReady || !crypto().SHA256_Final(bytes, &m_context->digest))
         return unavailable();
     return QString::fromLatin1(QByteArray::fromRawData(digest.data(), digest.size()).toHex());
 }
