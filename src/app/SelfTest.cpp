@@ -86,9 +86,18 @@ Checked<QString> checkedArchive(const StoreApp& app, Files::Reading reading, con
 bool hasIcon(const StoreApp& app)
 {
     const Platform& platform = Platform::current();
-    const auto file = platform.files->read(below(platform.bundles->mainResources(), app.name + ".icns"_L1));
-    // The window shows whatever can be read of a set, so the smallest picture that can be read is enough.
-    return file && decodeImage(std::as_bytes(std::span(*file)), 0);
+    const Path file = below(platform.bundles->mainResources(), app.name + ".icns"_L1);
+    // The window shows whatever can be read of a set, so one picture is enough, and small ones come first.
+    const auto hasPicture = [](Files::Bytes bytes) { return decodeImage(bytes, 0).has_value(); };
+    bool isFound = false;
+    const auto look = [&](Files::Bytes beginning) -> Result<void> {
+        isFound = hasPicture(beginning);
+        return tl::unexpected(systemFailure(ECANCELED));
+    };
+    if (!platform.files->readInBlocks(file, Files::Reading::InTurns, look) && isFound)
+        return true;
+    const auto content = platform.files->read(file);
+    return content && hasPicture(std::as_bytes(std::span(*content)));
 }
 
 /// The checks of all archives, in the order of the catalog. Several large ones are read at the same time; a

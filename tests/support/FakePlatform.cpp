@@ -31,8 +31,14 @@ Result<QByteArray> FakePlatform::FakeFiles::read(const Path& file) const
 
 Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, Reading, const Sink& sink) const
 {
-    return read(file).and_then(
-        [&](const QByteArray& bytes) { return sink(std::as_bytes(std::span(bytes))); });
+    return read(file).and_then([&](const QByteArray& bytes) {
+        Result<void> taken;
+        for (qsizetype at = 0; at < bytes.size() && taken; at += 64) {
+            const QByteArray block = bytes.mid(at, 64);
+            taken = sink(std::as_bytes(std::span(block)));
+        }
+        return taken;
+    });
 }
 
 Result<void> FakePlatform::FakeFiles::copy(
