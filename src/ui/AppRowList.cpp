@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -149,7 +148,8 @@ void AppRowList::arrange()
 void AppRowList::showInOrder()
 {
     QWidget* next = nullptr;
-    for (const auto& [app, row] : std::views::reverse(m_rows)) {
+    for (auto place = m_rows.rbegin(); place != m_rows.rend(); ++place) {
+        AppRow* const row = place->second;
         if (row->isHidden()) {
             next ? row->stackUnder(next) : row->raise();
             row->show();
