@@ -148,8 +148,7 @@ void AppRowList::arrange()
 void AppRowList::showInOrder()
 {
     QWidget* next = nullptr;
-    for (auto place = m_rows.rbegin(); place != m_rows.rend(); ++place) {
-        AppRow* const row = place->second;
+    for (const auto& [app, row] : m_rows) {
         if (row->isHidden()) {
             next ? row->stackUnder(next) : row->raise();
             row->show();

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <map>
 
 class AppRow;
@@ -34,8 +35,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The entries lie in the store's catalog, whose order every list has.
-    using Rows = std::map<const StoreApp*, AppRow*>;
+    /// The last one first: the entries lie in the store's catalog, whose order every list has.
+    using Rows = std::map<const StoreApp*, AppRow*, std::greater<>>;
 
     void arrange();
     void showInOrder();
