@@ -141,7 +141,7 @@ TEST_F(FilesTest, WhatIsWrittenIsWhatWasShownThoughTheSourceChanges)
     for (const auto& [reading, size] :
         {std::pair(Reading::InTurns, 30'100'000), {Reading::Ahead, 30'200'000}}) {
         seen.clear();
-        change = [&] { resize(size); };
+        change = [&, size = size] { resize(size); };
         EXPECT_TRUE(posix.readInBlocks(source, reading, lookAndChange));
         EXPECT_EQ(seen.size(), size);
     }

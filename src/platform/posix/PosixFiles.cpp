@@ -135,7 +135,7 @@ try {
             other.resize(size);
             next = std::async(start, [&] { return opened->descriptor.read(other); });
         }
-        const auto taken = sink(std::span(block).first(*count));
+        auto taken = sink(std::span(block).first(*count));
         if (isLast || !taken)
             return taken;
         count = next.get();
