@@ -8,6 +8,7 @@
 #include <unicode/unorm.h>
 #include <unicode/utf16.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -46,6 +47,11 @@ int canonicalComparison(QStringView left, QStringView right)
         first.getBuffer(), first.length(), second.getBuffer(), second.length(), U_FOLD_CASE_DEFAULT, &status);
 }
 
+bool isAscii(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
+}
+
 bool isMarkAt(std::u16string_view text, std::size_t position)
 {
     UChar32 character = 0;
@@ -57,7 +63,8 @@ bool isMarkAt(std::u16string_view text, std::size_t position)
 
 bool canonicallyEqual(QStringView left, QStringView right)
 {
-    return left == right || canonicalComparison(left, right) == 0;
+    // No text of ASCII is another spelling of another one, as most identifiers show.
+    return left == right || (!(isAscii(left) && isAscii(right)) && canonicalComparison(left, right) == 0);
 }
 
 std::size_t canonicalHash(QStringView text)

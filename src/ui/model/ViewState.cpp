@@ -14,8 +14,6 @@ bool isInstalled(const StoreApp& app, const QSet<QString>& knownIdentifiers)
 bool belongs(
     const StoreApp& app, const QString& section, const Store& store, const QSet<QString>& knownIdentifiers)
 {
-    if (section == section_title::overview || section == section_title::allApplications)
-        return true;
     if (canonicallyEqual(section, app.category))
         return true;
     if (section == section_title::installed)
@@ -45,6 +43,8 @@ QString ViewState::title() const
 std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store)
 {
     std::vector<const StoreApp*> shown;
+    const bool isEverything =
+        view.section == section_title::overview || view.section == section_title::allApplications;
     const std::optional<SearchText> search =
         view.search.isEmpty() ? std::nullopt : std::optional<SearchText>(view.search);
     const QSet<QString> knownIdentifiers = view.section == section_title::installed
@@ -53,7 +53,7 @@ std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store)
     for (std::size_t index = 0; index < store.apps->size(); ++index) {
         const StoreApp& app = store.apps->at(index);
         if ((!search || store.searchTexts().at(index).contains(*search))
-            && belongs(app, view.section, store, knownIdentifiers))
+            && (isEverything || belongs(app, view.section, store, knownIdentifiers)))
             shown.push_back(&app);
     }
     return shown;
