@@ -52,6 +52,18 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
 }
 
+/// As `text.find(part, from)`, which looks at one unit at a time where Qt looks at many.
+std::size_t positionOf(std::u16string_view part, std::u16string_view text, std::size_t from)
+{
+    const QStringView units(text.data(), qsizetype(text.size()));
+    for (qsizetype at = units.indexOf(QChar(part[0]), qsizetype(from)); at >= 0;
+         at = units.indexOf(QChar(part[0]), at + 1)) {
+        if (text.substr(std::size_t(at)).starts_with(part))
+            return std::size_t(at);
+    }
+    return std::u16string_view::npos;
+}
+
 bool isMarkAt(std::u16string_view text, std::size_t position)
 {
     UChar32 character = 0;
@@ -108,7 +120,8 @@ bool SearchText::contains(const SearchText& part) const
         return true;
 
     const bool beginsWithMark = isMarkAt(sought, 0);
-    for (auto at = text.find(sought); at != std::u16string_view::npos; at = text.find(sought, at + 1)) {
+    for (auto at = positionOf(sought, text, 0); at != std::u16string_view::npos;
+         at = positionOf(sought, text, at + 1)) {
         const std::size_t end = at + sought.size();
         const bool splitsFirst = beginsWithMark && at > 0;
         const bool splitsLast = end < text.size() && isMarkAt(text, end);
