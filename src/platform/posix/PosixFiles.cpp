@@ -12,7 +12,6 @@
 #include <csignal>
 #include <future>
 #include <memory>
-#include <vector>
 
 namespace {
 
@@ -125,17 +124,18 @@ try {
     const bool isAhead = reading == Reading::Ahead;
     const auto start = isAhead ? std::launch::async | std::launch::deferred : std::launch::deferred;
     const std::size_t size = std::min(opened->size + 1, isAhead ? aheadBlock : readBlock);
-    std::vector<std::byte> block(size);
-    std::vector<std::byte> other;
-    auto count = opened->descriptor.read(block);
+    auto block = std::make_unique_for_overwrite<std::byte[]>(size);
+    std::unique_ptr<std::byte[]> other;
+    auto count = opened->descriptor.read({block.get(), size});
     while (count) {
         std::future<Result<std::size_t>> next;
         const bool isLast = *count < size;
         if (!isLast) {
-            other.resize(size);
-            next = std::async(start, [&] { return opened->descriptor.read(other); });
+            if (!other)
+                other = std::make_unique_for_overwrite<std::byte[]>(size);
+            next = std::async(start, [&] { return opened->descriptor.read({other.get(), size}); });
         }
-        auto taken = sink(std::span(block).first(*count));
+        auto taken = sink({block.get(), *count});
         if (isLast || !taken)
             return taken;
         count = next.get();
