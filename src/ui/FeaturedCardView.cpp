@@ -66,7 +66,7 @@ void FeaturedCardView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     drawBackground(painter);
-    drawState(painter);
+    drawFocusRing(painter);
     drawShadow(painter);
 }
 
@@ -83,7 +83,11 @@ void FeaturedCardView::drawBackground(QPainter& painter) const
     gradient.setColorAt(mirrored ? 1 : 0, Look::cardStart());
     gradient.setColorAt(mirrored ? 0 : 1, Look::cardEnd());
     QImage colors(2 * width, 1, QImage::Format_RGB32);
-    QPainter(&colors).fillRect(colors.rect(), gradient);
+    QPainter linePainter(&colors);
+    linePainter.fillRect(colors.rect(), gradient);
+    if (const auto fill = stateFill())
+        linePainter.fillRect(colors.rect(), *fill);
+    linePainter.end();
 
     painter.save();
     painter.translate(card.topLeft());
@@ -96,7 +100,9 @@ void FeaturedCardView::drawBackground(QPainter& painter) const
 
     QPainterPath corners = continuousRect(card, Look::cardCorner);
     corners.addRect(card);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillPath(corners, Style::windowBackground());
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
 void FeaturedCardView::drawShadow(QPainter& painter)

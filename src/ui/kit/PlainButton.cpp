@@ -159,9 +159,16 @@ void PlainButton::paintEvent(QPaintEvent*)
 void PlainButton::drawState(QPainter& painter) const
 {
     const auto [rect, corner, gap] = shape();
-    if (isDown() || isHovered())
-        painter.fillPath(continuousRect(rect, corner), isDown() ? Style::pressed() : Style::hover());
+    if (const auto fill = stateFill())
+        painter.fillPath(continuousRect(rect, corner), *fill);
     drawFocusRing(painter);
+}
+
+std::optional<QColor> PlainButton::stateFill() const
+{
+    if (isDown())
+        return Style::pressed();
+    return isHovered() ? std::optional(Style::hover()) : std::nullopt;
 }
 
 void PlainButton::drawFocusRing(QPainter& painter) const

@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 
+#include <optional>
+
 class QLayout;
 
 /// What a button looks like: where it is hovered and pressed, and what the keyboard's ring runs around.
@@ -49,6 +51,8 @@ protected:
     virtual QSize contentSize() const;
     bool hitButton(const QPoint& place) const override;
     bool isHovered() const;
+    /// What lies over the shape while the button is pressed or hovered.
+    std::optional<QColor> stateFill() const;
     /// The hover or press, over what is drawn already, and the ring.
     void drawState(QPainter& painter) const;
     void drawFocusRing(QPainter& painter) const;

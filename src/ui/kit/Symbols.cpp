@@ -1,5 +1,7 @@
 #include "ui/kit/Symbols.h"
 
+#include "ui/kit/Shapes.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -241,12 +243,11 @@ void drawSymbol(QPainter& painter, QStringView name, const QRectF& box, const QC
         symbol->direction == Direction::AlongText && painter.layoutDirection() == Qt::RightToLeft;
     const Drawing drawing = symbol->draw();
 
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(box.center());
-    painter.scale(mirrored ? -scale : scale, scale);
-    painter.translate(-grid / 2, -grid / 2);
-    painter.strokePath(drawing.lines, QPen(color, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(drawing.filled, color);
-    painter.restore();
+    drawShapes(painter, box, [&](QPainter& shapes) {
+        shapes.translate(box.center());
+        shapes.scale(mirrored ? -scale : scale, scale);
+        shapes.translate(-grid / 2, -grid / 2);
+        shapes.strokePath(drawing.lines, QPen(color, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        shapes.fillPath(drawing.filled, color);
+    });
 }
