@@ -9,6 +9,7 @@
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixUserFolders.h"
+#include "ui/kit/FontRendering.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -20,6 +21,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -94,9 +96,13 @@ int PloviStoreMain::run(int argc, char* argv[])
     const bool isChosen = qEnvironmentVariableIsSet(drawing);
     if (!isChosen)
         qputenv(drawing, "none");
+    // It takes as long as to connect to the screen, which the toolkit would do first. Done when it is waited
+    // for where there is no thread to spare.
+    const auto fonts = std::async(std::launch::async | std::launch::deferred, readFontConfiguration);
     qInstallMessageHandler(endWithoutScreen);
     QApplication application(argc, argv);
     qInstallMessageHandler(tellFatalOnly);
+    fonts.wait();
     if (!isChosen)
         qunsetenv(drawing);
 

@@ -24,6 +24,11 @@ FcPattern* bestMatch(const QFont& font)
 
 } // namespace
 
+void readFontConfiguration()
+{
+    FcInit();
+}
+
 void FontRendering::Destroy::operator()(FcConfig* config) const
 {
     FcConfigDestroy(config);

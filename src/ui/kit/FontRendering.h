@@ -5,6 +5,10 @@
 class QFont;
 struct _FcConfig;
 
+/// Reads what this machine says of its fonts, for which the first text would have to wait. Any thread; reads
+/// the environment, which should stay as it is meanwhile.
+void readFontConfiguration();
+
 /// How this desktop wants fonts rendered (smoothing, hinting, order of subpixels), asked once for all fonts
 /// of the interface. Qt asks fontconfig again for every size of every face, and for each answer fontconfig
 /// goes through all rules and all fonts of the machine: a third of what the window's start would take.
