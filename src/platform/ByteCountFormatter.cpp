@@ -5,34 +5,19 @@
 
 #include <array>
 
-using icu::MeasureUnit;
-using icu::number::LocalizedNumberFormatter;
-using icu::number::NumberFormatter;
-using icu::number::Precision;
-using icu::number::Scale;
-
 namespace {
 
+/// A unit of a power of ten bytes, and how many decimals it is shown with.
 struct Unit {
-    quint64 bytes;
-    /// The smallest step that is shown, in bytes.
-    quint64 step;
-    LocalizedNumberFormatter formatter;
+    int exponent;
+    int decimals;
 };
+
+constexpr std::array<Unit, 6> ascending{{{0, 0}, {3, 0}, {6, 1}, {9, 2}, {12, 2}, {15, 2}}};
 
 quint64 powerOfTen(int exponent)
 {
     return exponent == 0 ? 1 : 10 * powerOfTen(exponent - 1);
-}
-
-Unit unit(const icu::Locale& locale, const MeasureUnit& name, int exponent, int decimals)
-{
-    return {powerOfTen(exponent), powerOfTen(exponent - decimals),
-        NumberFormatter::withLocale(locale)
-            .unit(name)
-            .unitWidth(exponent == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT)
-            .scale(Scale::powerOfTen(-decimals))
-            .precision(Precision::maxFraction(decimals))};
 }
 
 quint64 magnitude(qint64 number)
@@ -40,45 +25,44 @@ quint64 magnitude(qint64 number)
     return number < 0 ? 0 - static_cast<quint64>(number) : static_cast<quint64>(number);
 }
 
-} // namespace
-
-struct ByteCountFormatter::Units {
-    std::array<Unit, 6> ascending;
-};
-
-ByteCountFormatter::ByteCountFormatter(const QLocale& locale)
+/// Qt knows no plural forms of «byte». All else it knows too, at a fraction of what ICU costs a start.
+QString wholeBytes(const QLocale& locale, qint64 bytes)
 {
+    using namespace icu::number;
     UErrorCode status = U_ZERO_ERROR;
     const auto conventions = icu::Locale::forLanguageTag(locale.bcp47Name().toLatin1().constData(), status);
-    m_units = std::make_unique<const Units>(Units{{
-        unit(conventions, MeasureUnit::getByte(), 0, 0),
-        unit(conventions, MeasureUnit::getKilobyte(), 3, 0),
-        unit(conventions, MeasureUnit::getMegabyte(), 6, 1),
-        unit(conventions, MeasureUnit::getGigabyte(), 9, 2),
-        unit(conventions, MeasureUnit::getTerabyte(), 12, 2),
-        unit(conventions, MeasureUnit::getPetabyte(), 15, 2),
-    }});
+    const auto text = NumberFormatter::withLocale(conventions)
+                          .unit(icu::MeasureUnit::getByte())
+                          .unitWidth(UNUM_UNIT_WIDTH_FULL_NAME)
+                          .formatInt(bytes, status)
+                          .toString(status);
+    return QStringView(text.getBuffer(), text.length()).toString();
 }
 
-ByteCountFormatter::~ByteCountFormatter() = default;
+} // namespace
+
+ByteCountFormatter::ByteCountFormatter(const QLocale& locale) : m_locale(locale.bcp47Name()) { }
 
 QString ByteCountFormatter::string(qint64 bytes) const
 {
-    const quint64 size = magnitude(bytes);
-    const auto steps = [size](const Unit& unit) { return (size + unit.step / 2) / unit.step; };
+    const auto steps = [size = magnitude(bytes)](Unit unit) {
+        const quint64 step = powerOfTen(unit.exponent - unit.decimals);
+        return (size + step / 2) / step;
+    };
+    const auto* chosen = ascending.begin();
+    while (chosen != ascending.end() - 1 && steps(*chosen) >= 1000 * powerOfTen(chosen->decimals))
+        ++chosen;
+    if (chosen->exponent == 0)
+        return wholeBytes(m_locale, bytes);
 
-    const Unit* chosen = &m_units->ascending.back();
-    for (const Unit& unit : m_units->ascending) {
-        if (steps(unit) * unit.step < 1000 * unit.bytes) {
-            chosen = &unit;
-            break;
-        }
-    }
-
-    UErrorCode status = U_ZERO_ERROR;
-    const auto number = static_cast<qint64>(steps(*chosen));
-    const auto text = chosen->formatter.formatInt(bytes < 0 ? -number : number, status).toString(status);
-    return QStringView(text.getBuffer(), text.length()).toString();
+    quint64 number = steps(*chosen);
+    int decimals = chosen->decimals;
+    for (; decimals > 0 && number % 10 == 0; number /= 10)
+        --decimals;
+    const double shown = double(number) / double(powerOfTen(decimals));
+    const QString unit =
+        m_locale.formattedDataSize(qint64(powerOfTen(chosen->exponent)), 0, QLocale::DataSizeSIFormat);
+    return m_locale.toString(bytes < 0 ? -shown : shown, 'f', decimals) + unit.sliced(unit.indexOf(u' '));
 }
 
 QString formatByteCount(qint64 bytes)
