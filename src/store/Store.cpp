@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+#include <unordered_set>
+
 using namespace Qt::StringLiterals;
 
 Store::Store()
@@ -24,6 +26,20 @@ const std::vector<SearchText>& Store::searchTexts() const
             m_searchTexts.emplace_back(app.searchText());
     }
     return m_searchTexts;
+}
+
+const TextSet& Store::repeatedIds() const
+{
+    if (!m_repeatedIds) {
+        m_repeatedIds.emplace();
+        std::unordered_set<QStringView, decltype(&canonicalHash), decltype(&canonicallyEqual)> seen(
+            apps->size(), canonicalHash, canonicallyEqual);
+        for (const StoreApp& app : *apps) {
+            if (!seen.insert(app.id).second)
+                m_repeatedIds->insert(app.id);
+        }
+    }
+    return *m_repeatedIds;
 }
 
 void Store::launch(StoreApp app)

@@ -26,6 +26,8 @@ public:
     /// What a search looks in, in the order of `apps`. Made at the first call: folding every text is too dear
     /// for the start and for a keystroke.
     const std::vector<SearchText>& searchTexts() const;
+    /// The ids that several entries have. Found at the first call, which reads all ids.
+    const TextSet& repeatedIds() const;
 
     /// Opens the installed application, or saves the archive of one that is not installed. A failure to open
     /// becomes the message, later.
@@ -48,5 +50,6 @@ private:
     void finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome);
 
     mutable std::vector<SearchText> m_searchTexts;
+    mutable std::optional<TextSet> m_repeatedIds;
     int m_openings = 0;
 };
