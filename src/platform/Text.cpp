@@ -81,6 +81,8 @@ bool canonicallyEqual(QStringView left, QStringView right)
 
 std::size_t canonicalHash(QStringView text)
 {
+    if (isAscii(text))
+        return qHash(text);
     UErrorCode status = U_ZERO_ERROR;
     const icu::UnicodeString alias = aliasOf(text);
     return composition().isNormalized(alias, status) ? qHash(text) : qHash(viewOf(composed(alias)));
@@ -110,6 +112,13 @@ SearchText::SearchText(QStringView text, LetterCase letterCase)
     folded.foldCase(letterCase == LetterCase::Turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT);
     folded = composed(folded);
     m_folded.assign(folded.getBuffer(), static_cast<std::size_t>(folded.length()));
+}
+
+void SearchText::prefetch() const
+{
+    constexpr std::size_t cacheLine = 64 / sizeof(char16_t);
+    for (std::size_t line = 0; line < 2; ++line)
+        __builtin_prefetch(m_folded.data() + line * cacheLine);
 }
 
 bool SearchText::contains(const SearchText& part) const

@@ -4,6 +4,9 @@
 
 namespace {
 
+/// A search of many thousand texts does little but wait for the memory.
+constexpr std::size_t textsAhead = 8;
+
 /// Asks the machine only for entries that one look at it has not ruled out. A name with a slash may lead out
 /// of the folders that were looked at.
 bool isInstalled(const StoreApp& app, const QSet<QString>& knownIdentifiers)
@@ -43,6 +46,7 @@ QString ViewState::title() const
 std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store)
 {
     std::vector<const StoreApp*> shown;
+    shown.reserve(store.apps->size());
     const bool isEverything =
         view.section == section_title::overview || view.section == section_title::allApplications;
     const std::optional<SearchText> search =
@@ -52,6 +56,8 @@ std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store)
         : QSet<QString>();
     for (std::size_t index = 0; index < store.apps->size(); ++index) {
         const StoreApp& app = store.apps->at(index);
+        if (search && index + textsAhead < store.apps->size())
+            store.searchTexts()[index + textsAhead].prefetch();
         if ((!search || store.searchTexts().at(index).contains(*search))
             && (isEverything || belongs(app, view.section, store, knownIdentifiers)))
             shown.push_back(&app);
