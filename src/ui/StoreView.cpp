@@ -201,7 +201,12 @@ void StoreView::present(const std::optional<Message>& message)
     if (message) {
         if (!m_sheet) {
             m_sheet = new MessageSheet(window());
-            connect(m_sheet, &MessageSheet::dismissed, this, [this] { answer(request::Dismiss()); });
+            connect(m_sheet, &MessageSheet::dismissed, this, [this] {
+                // What had the focus before has gone.
+                if (!window()->focusWidget())
+                    m_pages->currentWidget()->setFocus(Qt::OtherFocusReason);
+                answer(request::Dismiss());
+            });
         }
         m_sheet->present(message->title, message->text, message->button);
     } else if (m_sheet) {

@@ -189,14 +189,23 @@ TEST_F(StoreViewTest, ARefreshShowsWhatWasInstalledAndRemovedElsewhere)
 
     EXPECT_THAT(platform.workspace.opened, ElementsAre("/Applications/Brisko.app"));
 
-    platform.bundles.installed["/Applications/Kadrilo.app"] = kadrilo.bundleID;
     press(u"Установленные"_s);
-    for (const QString& name : {u"Kadrilo"_s, u"Brisko"_s}) {
-        button(u"Скачать %1 в ZIP"_s.arg(name))->setFocus();
-        platform.bundles.installed.erase(toPath(u"/Applications/%1.app"_s.arg(name)));
-        view().answer(request::Refresh());
-        settle();
-        EXPECT_EQ(QApplication::focusWidget(), shown<PageScroll>()) << name.toStdString();
+    for (const bool isUnderMessage : {false, true}) {
+        platform.bundles.installed["/Applications/Brisko.app"] = brisko.bundleID;
+        platform.bundles.installed["/Applications/Kadrilo.app"] = kadrilo.bundleID;
+        press(u"Обновить список установленных приложений"_s);
+        for (const QString& name : {u"Kadrilo"_s, u"Brisko"_s}) {
+            button(u"Скачать %1 в ZIP"_s.arg(name))->setFocus();
+            if (isUnderMessage)
+                store().message.set(u"Готово"_s);
+            settle();
+            platform.bundles.installed.erase(toPath(u"/Applications/%1.app"_s.arg(name)));
+            view().answer(request::Refresh());
+            settle();
+            if (isUnderMessage)
+                press(u"Понятно"_s);
+            EXPECT_EQ(QApplication::focusWidget(), shown<PageScroll>()) << name.toStdString();
+        }
     }
 }
 
