@@ -55,14 +55,11 @@ QString ByteCountFormatter::string(qint64 bytes) const
     if (chosen->exponent == 0)
         return wholeBytes(m_locale, bytes);
 
-    quint64 number = steps(*chosen);
-    int decimals = chosen->decimals;
-    for (; decimals > 0 && number % 10 == 0; number /= 10)
-        --decimals;
-    const double shown = double(number) / double(powerOfTen(decimals));
-    const QString unit =
+    const double number = double(steps(*chosen)) / double(powerOfTen(chosen->decimals));
+    const QString one =
         m_locale.formattedDataSize(qint64(powerOfTen(chosen->exponent)), 0, QLocale::DataSizeSIFormat);
-    return m_locale.toString(bytes < 0 ? -shown : shown, 'f', decimals) + unit.sliced(unit.indexOf(u' '));
+    return m_locale.toString(bytes < 0 ? -number : number, 'f', QLocale::FloatingPointShortest) + QChar::Nbsp
+        + one.section(u' ', 1);
 }
 
 QString formatByteCount(qint64 bytes)

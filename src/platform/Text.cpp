@@ -117,8 +117,8 @@ SearchText::SearchText(QStringView text, LetterCase letterCase)
 void SearchText::prefetch() const
 {
     constexpr std::size_t cacheLine = 64 / sizeof(char16_t);
-    for (std::size_t line = 0; line < 2; ++line)
-        __builtin_prefetch(m_folded.data() + line * cacheLine);
+    for (std::size_t at = 0; at < std::min(m_folded.size(), 2 * cacheLine); at += cacheLine)
+        __builtin_prefetch(&m_folded[at]);
 }
 
 bool SearchText::contains(const SearchText& part) const

@@ -100,6 +100,7 @@ void FeaturedCardView::drawBackground(QPainter& painter) const
 
     QPainterPath corners = continuousRect(card, Look::cardCorner);
     corners.addRect(card);
+    // The mode in which Qt fills at once; for an opaque colour it looks the same as any other.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillPath(corners, Style::windowBackground());
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);

@@ -29,6 +29,7 @@ TEST(ByteCountFormatter, RussianTextsHaveTheirPluralFormsAndADecimalComma)
             {999, u"999 байт"_s}, {1000, u"1 кБ"_s}, {12'400'000, u"12,4 МБ"_s}, {31'000'000, u"31 МБ"_s},
             {1'234'567'890, u"1,23 ГБ"_s}, {5'500'000'000'000, u"5,5 ТБ"_s},
             {std::numeric_limits<qint64>::max(), u"9 223,37 ПБ"_s}});
+    EXPECT_EQ(ByteCountFormatter(QLocale(u"ru_RU"_s)).string(1000), u"1\u00A0кБ"_s);
 }
 
 TEST(ByteCountFormatter, ARoundedThousandBecomesOneOfTheNextUnit)

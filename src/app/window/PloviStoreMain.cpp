@@ -19,6 +19,7 @@
 #include <QScopedValueRollback>
 #include <QTranslator>
 
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <future>
@@ -96,6 +97,8 @@ int PloviStoreMain::run(int argc, char* argv[])
     const bool isChosen = qEnvironmentVariableIsSet(drawing);
     if (!isChosen)
         qputenv(drawing, "none");
+    // Qt would do it beside the thread.
+    std::setlocale(LC_ALL, "");
     // It takes as long as to connect to the screen, which the toolkit would do first. Done when it is waited
     // for where there is no thread to spare.
     const auto fonts = std::async(std::launch::async | std::launch::deferred, readFontConfiguration);

@@ -5,8 +5,8 @@
 class QFont;
 struct _FcConfig;
 
-/// Reads what this machine says of its fonts, for which the first text would have to wait. Any thread; reads
-/// the environment, which should stay as it is meanwhile.
+/// Reads what this machine says of its fonts, for which the first text would have to wait. Any thread; the
+/// locale stays as it is meanwhile, and of the environment it may miss what is moved by a removal.
 void readFontConfiguration();
 
 /// How this desktop wants fonts rendered (smoothing, hinting, order of subpixels), asked once for all fonts

@@ -76,6 +76,8 @@ void drawShapes(QPainter& painter, const QRectF& bounds, const std::function<voi
     const QTransform toPixels = painter.deviceTransform();
     const QRect pixels = toPixels.mapRect(bounds).toAlignedRect();
     QImage image(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return;
     image.fill(Qt::transparent);
     QPainter shapes(&image);
     shapes.setRenderHint(QPainter::Antialiasing);

@@ -16,7 +16,7 @@ namespace {
 constexpr qreal grid = 24;
 constexpr qreal stroke = 1.7;
 
-/// On the grid. Lines that cross must be one path: a translucent colour would show the crossing.
+/// On the grid.
 struct Drawing {
     QPainterPath lines;
     QPainterPath filled;

@@ -10,11 +10,14 @@ QImage drawn(const std::function<void(QPainter&)>& draw)
 {
     QImage image(120, 120, QImage::Format_RGB32);
     image.fill(QColor(30, 60, 90));
+    image.setDevicePixelRatio(1.5);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(1.5, 1.5);
+    painter.setClipRect(QRect(0, 0, 70, 40));
+    painter.setOpacity(0.5);
     painter.translate(7, 3.25);
     draw(painter);
+    painter.end();
     return image;
 }
 
