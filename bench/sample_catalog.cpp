@@ -10,6 +10,6 @@ int main(int argc, char* argv[])
     if (argc != 2)
         return 2;
     const QByteArray json = sampleCatalog(std::atoi(argv[1]));
-    return std::fwrite(json.constData(), 1, std::size_t(json.size()), stdout) == std::size_t(json.size()) ? 0
-                                                                                                          : 1;
+    const auto size = std::size_t(json.size());
+    return std::fwrite(json.constData(), 1, size, stdout) == size ? 0 : 1;
 }

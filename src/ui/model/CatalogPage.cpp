@@ -58,8 +58,9 @@ AppList appList(const ViewState& view, const Store& store, std::vector<const Sto
         list.title = u"Твоя коллекция"_s;
     const QString& last = list.apps.back()->id;
     // To read the ids of all entries would be most of the work of a rebuild.
-    const bool isRepeated = store.repeatedIds().contains(last);
-    for (std::size_t position = 0; isRepeated && position + 1 < list.count(); ++position) {
+    if (!store.repeatedIds().contains(last))
+        return list;
+    for (std::size_t position = 0; position + 1 < list.count(); ++position) {
         if (canonicallyEqual(list.apps[position]->id, last))
             list.withoutDivider.push_back(position);
     }
