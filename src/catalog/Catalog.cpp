@@ -83,26 +83,41 @@ bool copyAlike(Place& at)
     return true;
 }
 
-/// Makes texts of UTF-8 that simdjson has checked already, which leaves only the copying. The room in which a
-/// text is spelled is used again for the next, so that each text allocates once and just what it needs.
+/// Makes texts of UTF-8 that simdjson has checked already, which leaves only the copying. They lie one behind
+/// the other in blocks of memory that they own together: to allocate each on its own takes as long as to copy
+/// it.
 class TextDecoder {
 public:
     QString text(std::string_view utf8)
     {
-        if (m_units.size() < utf8.size())
-            m_units.resize(std::max(utf8.size(), 2 * m_units.size()));
+        // No character takes more units than bytes; the null behind the text takes one.
+        const auto most = qsizetype(utf8.size()) + 1;
+        if (m_room < most) {
+            m_room = std::max(most, blockSize);
+            m_block = QString(m_room, Qt::Uninitialized);
+            m_free = reinterpret_cast<char16_t*>(m_block.data());
+        }
 
-        Place at{reinterpret_cast<const uchar*>(utf8.data()), m_units.data()};
+        Place at{reinterpret_cast<const uchar*>(utf8.data()), m_free};
         const auto* const end = at.byte + utf8.size();
         while (at.byte != end) {
             if (end - at.byte < 8 || !copyAlike(at))
                 copyCharacter(at);
         }
-        return QString(reinterpret_cast<const QChar*>(m_units.data()), at.unit - m_units.data());
+        QString::DataPointer text = m_block.data_ptr();
+        text.ptr = std::exchange(m_free, at.unit);
+        text.size = m_free - text.ptr;
+        *m_free++ = u'\0';
+        m_room -= text.size + 1;
+        return QString(std::move(text));
     }
 
 private:
-    std::vector<char16_t> m_units = std::vector<char16_t>(1024);
+    static constexpr qsizetype blockSize = 16'384;
+
+    QString m_block;
+    char16_t* m_free = nullptr;
+    qsizetype m_room = 0;
 };
 
 /// The document, which lives as long as the parser.
