@@ -9,6 +9,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+std::vector<SearchText> foldedTexts(const Catalog& apps, LetterCase letterCase)
+{
+    std::vector<SearchText> texts;
+    texts.reserve(apps.size());
+    for (const StoreApp& app : apps)
+        texts.emplace_back(app.searchText(), letterCase);
+    return texts;
+}
+
+} // namespace
+
 Store::Store()
 {
     auto catalog = readCatalog();
@@ -20,12 +33,18 @@ Store::Store()
 
 const std::vector<SearchText>& Store::searchTexts() const
 {
-    if (m_searchTexts.empty()) {
-        m_searchTexts.reserve(apps->size());
-        for (const StoreApp& app : *apps)
-            m_searchTexts.emplace_back(app.searchText());
-    }
+    if (m_comingSearchTexts.valid())
+        m_searchTexts = m_comingSearchTexts.get();
+    else if (m_searchTexts.empty())
+        m_searchTexts = foldedTexts(*apps, userLetterCase());
     return m_searchTexts;
+}
+
+void Store::prepareSearch()
+{
+    if (m_searchTexts.empty() && !m_comingSearchTexts.valid())
+        m_comingSearchTexts = std::async(
+            std::launch::async | std::launch::deferred, foldedTexts, std::cref(*apps), userLetterCase());
 }
 
 const TextSet& Store::repeatedIds() const

@@ -4,6 +4,8 @@
 #include "platform/Text.h"
 #include "store/Published.h"
 
+#include <future>
+
 /// The state behind the window, and what a user does with it. There is one; only the main thread touches it.
 class Store final : public ObservableObject {
     Q_OBJECT
@@ -23,9 +25,12 @@ public:
     /// Written to make every page look at the machine again; its value says nothing.
     Published<qint64> revision{*this, 0};
 
-    /// What a search looks in, in the order of `apps`. Made at the first call: folding every text is too dear
-    /// for the start and for a keystroke.
+    /// What a search looks in, in the order of `apps`. Made at the first call, unless `prepareSearch` has:
+    /// folding every text is too dear for the start.
     const std::vector<SearchText>& searchTexts() const;
+    /// Begins to make the search texts in a thread of their own, because a search is likely: for a keystroke
+    /// too folding a large catalog is too dear.
+    void prepareSearch();
     /// The ids that several entries have. Found at the first call, which reads all ids.
     const TextSet& repeatedIds() const;
 
@@ -52,4 +57,6 @@ private:
     mutable std::vector<SearchText> m_searchTexts;
     mutable std::optional<TextSet> m_repeatedIds;
     int m_openings = 0;
+    // Destroyed first, which waits for the thread: it reads `apps`.
+    mutable std::future<std::vector<SearchText>> m_comingSearchTexts;
 };

@@ -2,6 +2,7 @@
 
 #include "ui/AppRow.h"
 #include "ui/AppRowList.h"
+#include "ui/Sidebar.h"
 #include "ui/UiTest.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/PageScroll.h"
@@ -92,6 +93,18 @@ TEST_F(StoreViewTest, TheTitleFollowsThePageAndOnlyEscapeInItsFieldEmptiesASearc
     QTest::keyClicks(search, u"brisko"_s);
     press(u"Обзор"_s);
     EXPECT_EQ(search->text(), QString()) << "choosing the section again empties the search";
+}
+
+TEST_F(StoreViewTest, ASearchIsPreparedWhenItsFieldGetsTheFocus)
+{
+    Requests requests;
+    const Sidebar sidebar(requests);
+    std::vector<Request> sent;
+    QObject::connect(
+        &requests, &Requests::sent, [&sent](const Request& request) { sent.push_back(request); });
+    QFocusEvent focus(QEvent::FocusIn);
+    QApplication::sendEvent(sidebar.findChild<QLineEdit*>(), &focus);
+    EXPECT_THAT(sent, ElementsAre(request::PrepareSearch()));
 }
 
 TEST_F(StoreViewTest, EveryWayBackLeavesAnEntrysPage)

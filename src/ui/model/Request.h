@@ -12,6 +12,10 @@ struct ChooseSection {
 
     bool operator==(const ChooseSection&) const = default;
 };
+/// The search field has the focus.
+struct PrepareSearch {
+    bool operator==(const PrepareSearch&) const = default;
+};
 /// The search field holds this text now.
 struct Search {
     QString text;
@@ -50,5 +54,5 @@ struct Dismiss {
 
 } // namespace request
 
-using Request = std::variant<request::ChooseSection, request::Search, request::Open, request::GoBack,
-    request::Launch, request::Save, request::Refresh, request::Dismiss>;
+using Request = std::variant<request::ChooseSection, request::PrepareSearch, request::Search, request::Open,
+    request::GoBack, request::Launch, request::Save, request::Refresh, request::Dismiss>;

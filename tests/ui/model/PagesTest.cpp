@@ -67,7 +67,8 @@ TEST_F(PagesTest, EverySectionListsItsOwnEntriesInCatalogOrder)
 
 TEST_F(PagesTest, TheSearchLooksInNameSubtitleAndDescriptionAsOneText)
 {
-    const Store& store = load({brisko, kadrilo});
+    Store& store = load({brisko, kadrilo});
+    store.prepareSearch();
     for (const auto& [search, expected] : std::map<QString, QStringList>{
              {u" "_s, {brisko.id, kadrilo.id}},
              {u"BRISKO АККУРАТНО"_s, {brisko.id}},
