@@ -81,7 +81,7 @@ TEST(Pack, LeavesTheOldStoreUntilTheNewOneIsProved)
                  "[key-missing]\n1 error, 0 warnings\n"},
              Case{"mv c/collection.json.good c/collection.json; ulimit -f 8; trap '' XFSZ;"_L1
                      + Sample::packing(u"c"_s, u"s.app"_s),
-                 1, "icns: File too large\n"},
+                 1, ".png: File too large\n"},
              Case{"mkdir .s.app.new; flock .s.app.new"_L1 + Sample::packing(u"c"_s, u"s.app"_s), 1,
                  "plovistore-pack: another run is writing s.app\n"},
              Case{"cd / && "_L1 + QStringLiteral(PACK_PROGRAM) + u" pack $OLDPWD/c $OLDPWD/c"_s, 1,

@@ -17,7 +17,7 @@ namespace {
 constexpr QLatin1StringView collectionFile("collection.json");
 
 /// The edge that a maker's icon of pixels must have.
-constexpr int smallestPixelIcon = 1024;
+constexpr int smallestPixelIcon = 512;
 
 struct IconSource {
     Path path;

@@ -27,14 +27,14 @@ struct Representation {
     int edge;
 };
 
-constexpr std::array<Representation, 7> representations{{
+// The largest is shown at 160 points, so more than 512 pixels would serve no screen but cost every start.
+constexpr std::array<Representation, 6> representations{{
     {"icp4", 16},
     {"icp5", 32},
     {"icp6", 64},
     {"ic07", 128},
     {"ic08", 256},
     {"ic09", 512},
-    {"ic10", 1024},
 }};
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;

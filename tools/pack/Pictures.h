@@ -26,6 +26,6 @@ void checkPicture(const PictureFile& picture, int smallest, Square square, Findi
 /// check.
 QByteArray squarePng(const PictureFile& picture, int edge);
 
-/// A set of icons (Apple Icon Image, ICNS) whose entries are PNG pictures of 16 to 1024 pixels; a picture
+/// A set of icons (Apple Icon Image, ICNS) whose entries are PNG pictures of 16 to 512 pixels; a picture
 /// that is such a set is taken as it is. It must have passed its check.
 QByteArray iconSet(const PictureFile& picture);
