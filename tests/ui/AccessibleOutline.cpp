@@ -32,7 +32,7 @@ void append(QString& outline, QAccessibleInterface* node, int depth)
     if (!node || !node->isValid() || node->state().invisible)
         return;
     const bool isControl = node->role() == QAccessible::Button || node->role() == QAccessible::EditableText;
-    const bool onlyHolds = node->text(QAccessible::Name).isEmpty() && !isControl;
+    const bool onlyHolds = node->text(QAccessible::Name).isEmpty() && !isControl && node->childCount() > 0;
     if (!onlyHolds)
         outline += u"  "_s.repeated(depth) + line(*node) + u'\n';
     for (int index = 0; index < node->childCount(); ++index)

@@ -1,5 +1,7 @@
 #include "ui/kit/SelectableText.h"
 
+#include "ui/kit/Accessibility.h"
+
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QStyle>
@@ -23,6 +25,7 @@ SelectableText::SelectableText(
     colors.setColor(QPalette::Text, color);
     setPalette(colors);
     viewport()->setAutoFillBackground(false);
+    makeDecorative(*viewport());
     document()->setDocumentMargin(0);
     setAcceptRichText(false);
     setReadOnly(true);

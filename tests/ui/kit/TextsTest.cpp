@@ -51,7 +51,7 @@ TEST(TextLabel, ATextThatIsCutIsWholeInItsTooltipAndExactlyAsTyped)
         EXPECT_EQ(TextLabel({}, broken).sizeHint(), TextLabel({}, u"a b"_s).sizeHint());
 }
 
-TEST(SelectableText, IsAsHighAsItsLinesInEveryFont)
+TEST(SelectableText, IsAsHighAsItsLinesAndTakesTheMouseInEveryFont)
 {
     for (const QString& family : {u"Inter"_s, u"DejaVu Sans"_s, u"DejaVu Serif"_s, u"monospace"_s}) {
         const QFont before = QApplication::font();
@@ -69,6 +69,8 @@ TEST(SelectableText, IsAsHighAsItsLinesInEveryFont)
             text.grab(); // lays the document out
             EXPECT_EQ(text.heightForWidth(width), text.document()->size().height() - extra);
         }
+        QTest::mouseClick(text.viewport(), Qt::LeftButton, {}, {60, 10});
+        EXPECT_GT(text.textCursor().position(), 0);
     }
 }
 
