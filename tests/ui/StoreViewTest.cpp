@@ -111,7 +111,8 @@ TEST_F(StoreViewTest, EveryWayBackLeavesAnEntrysPage)
 {
     Catalog apps = many(100);
     apps[1].category = apps[3].category = u"Медиа"_s;
-    open(apps);
+    open(apps).setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), shown<PageScroll>()) << "keys scroll it from the start";
     scrollBar().setValue(3000);
     settle();
     const std::vector<std::function<void(QWidget*)>> ways = {
