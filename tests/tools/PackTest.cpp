@@ -206,6 +206,7 @@ TEST(New, MakesACollectionThatCanBePackedAtOnce)
              {u"archive"_s, u"Alvi-2.4.zip"_s}})
         EXPECT_EQ(first[key], value);
     EXPECT_EQ(sample.read("n/icons/Alvi.icns"), sample.read("s.app/Contents/Resources/Alvi.icns"));
+    sample.shell(u"mv s.app/Contents/Resources/Brand.png n/icons/Alvi.png; rm n/icons/Alvi.icns"_s);
     EXPECT_EQ(sample.shell(Sample::packing(u"n"_s, u"n.app"_s)).status, 0);
     EXPECT_THAT(sample.tool({u"new"_s, u"n"_s, u"c/apps/Alvi.app"_s}).errors,
         HasSubstr("cannot make n: File exists"));
