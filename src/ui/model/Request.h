@@ -12,7 +12,7 @@ struct ChooseSection {
 
     bool operator==(const ChooseSection&) const = default;
 };
-/// The search field has the focus.
+/// The search field has the focus: a search may follow.
 struct PrepareSearch {
     bool operator==(const PrepareSearch&) const = default;
 };
