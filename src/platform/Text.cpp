@@ -64,8 +64,12 @@ std::size_t positionOf(std::u16string_view part, std::u16string_view text, std::
     return std::u16string_view::npos;
 }
 
+/// Most characters are told at a glance: no mark lies below U+0300 or among the letters of Cyrillic.
 bool isMarkAt(std::u16string_view text, std::size_t position)
 {
+    const char16_t unit = text[position];
+    if (unit < 0x0300 || (unit >= 0x0400 && unit < 0x0483))
+        return false;
     UChar32 character = 0;
     U16_GET(text, 0, position, text.size(), character);
     return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
