@@ -30,10 +30,17 @@ public:
         , m_start(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))
     {
     }
+    // The pages go a few at a time: no other thread gets memory while the system takes some back.
     ~Memory()
     {
-        if (isThere())
-            munmap(m_start, m_size);
+        if (!isThere())
+            return;
+        for (std::span<std::byte> left = bytes(); !left.empty();) {
+            const std::size_t piece = std::min(left.size(), writeBlock);
+            madvise(left.data(), piece, MADV_DONTNEED);
+            left = left.subspan(piece);
+        }
+        munmap(m_start, m_size);
     }
     Memory(const Memory&) = delete;
     Memory& operator=(const Memory&) = delete;
@@ -46,8 +53,8 @@ private:
     void* m_start;
 };
 
-// The system makes pages that are about to be filled for less in one go than one by one. Older systems know
-// no such wish, and do without.
+// The system makes pages that are about to be filled for less in one go than one by one, but no other thread
+// gets memory meanwhile: while others run, ask for a little at a time. Older systems know no such wish.
 void makePages(std::span<std::byte> memory)
 {
     void* start = memory.data();
@@ -63,6 +70,7 @@ Result<std::size_t> readThrough(
     std::size_t filled = 0;
     while (filled < room.size()) {
         const auto piece = room.subspan(filled, std::min(room.size() - filled, readBlock));
+        makePages(piece);
         const auto count = file.read(piece);
         if (!count)
             return tl::unexpected(count.error());
@@ -163,7 +171,6 @@ try {
     std::span<std::byte> room = memory.bytes().first(opened->size);
     while (!room.empty()) {
         const auto block = room.first(std::min(room.size(), writeBlock));
-        makePages(block);
         const auto count = readThrough(opened->descriptor, block, sink);
         if (!count)
             return tl::unexpected(count.error());
