@@ -1,6 +1,7 @@
 #include "app/SelfTest.h"
 
 #include "catalog/Catalog.h"
+#include "platform/BundleLayout.h"
 #include "platform/Image.h"
 #include "platform/Platform.h"
 #include "platform/Sha256.h"
@@ -86,7 +87,7 @@ Checked<QString> checkedArchive(const StoreApp& app, Files::Reading reading, con
 bool hasIcon(const StoreApp& app)
 {
     const Platform& platform = Platform::current();
-    const Path file = below(platform.bundles->mainResources(), app.name + ".icns"_L1);
+    const Path file = bundle_layout::icon(platform.bundles->mainBundle(), app.name);
     // The window shows whatever can be read of a set, so one picture is enough, and small ones come first.
     const auto hasPicture = [](Files::Bytes bytes) { return decodeImage(bytes, 0).has_value(); };
     bool isFound = false;

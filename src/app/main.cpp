@@ -1,5 +1,6 @@
 #include "app/SelfTest.h"
 #include "app/window/WindowModule.h"
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
@@ -38,7 +39,7 @@ void occupyStandardStreams()
 
 int window(const Bundles& bundles, int argc, char* argv[])
 {
-    const Path module = bundles.mainResources().parent_path() / "Frameworks" / windowModuleFile;
+    const Path module = bundle_layout::frameworks(bundles.mainBundle()) / windowModuleFile;
     void* const library = dlopen(module.c_str(), RTLD_LAZY | RTLD_LOCAL);
     auto* const run = library ? reinterpret_cast<RunWindow*>(dlsym(library, runWindowSymbol)) : nullptr;
     if (!run) {

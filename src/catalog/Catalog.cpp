@@ -1,6 +1,7 @@
 #include "catalog/Catalog.h"
 
 #include "catalog/Fields.h"
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 
 #include <QJsonDocument>
@@ -337,6 +338,6 @@ Result<Catalog> decodeCatalog(Bytes json)
 Result<Catalog> readCatalog()
 {
     const Platform& platform = Platform::current();
-    return platform.files->read(platform.bundles->mainResources() / "catalog.json")
+    return platform.files->read(bundle_layout::catalog(platform.bundles->mainBundle()))
         .and_then([](const QByteArray& json) { return decodeCatalog(std::as_bytes(std::span(json))); });
 }

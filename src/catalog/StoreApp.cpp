@@ -1,6 +1,7 @@
 #include "catalog/StoreApp.h"
 
 #include "catalog/Fields.h"
+#include "platform/BundleLayout.h"
 #include "platform/ByteCountFormatter.h"
 #include "platform/Platform.h"
 #include "platform/Text.h"
@@ -65,14 +66,14 @@ QString StoreApp::searchText() const
 
 Path StoreApp::packageURL() const
 {
-    return below(Platform::current().bundles->mainResources() / "Packages", archive);
+    return below(bundle_layout::packages(Platform::current().bundles->mainBundle()), archive);
 }
 
 std::optional<Path> StoreApp::installedURL() const
 {
     const Platform& platform = Platform::current();
     for (const Path& folder : {Path("/Applications"), platform.userFolders->homeFolder() / "Applications"}) {
-        const Path bundle = below(folder, name + ".app"_L1);
+        const Path bundle = bundle_layout::bundle(folder, name);
         if (platform.bundles->bundleIdentifier(bundle) == bundleID)
             return bundle;
     }

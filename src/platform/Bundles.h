@@ -4,8 +4,8 @@
 
 #include <optional>
 
-/// Application bundles: folders `X.app` that hold `Contents/Info.plist`, `Contents/MacOS/` and
-/// `Contents/Resources/`. Nothing is remembered: every call looks again. Any thread.
+/// Application bundles: folders `X.app` (platform/BundleLayout.h). Nothing is remembered: every call looks
+/// again. Any thread.
 class Bundles {
 public:
     Bundles() = default;
@@ -13,8 +13,8 @@ public:
     Bundles& operator=(const Bundles&) = delete;
     virtual ~Bundles() = default;
 
-    /// The resource folder of the bundle that the running program lies in. It is not looked at.
-    virtual Path mainResources() const = 0;
+    /// The bundle that the running program lies in. It is not looked at.
+    virtual Path mainBundle() const = 0;
     /// The identifier of the bundle at `place`; none when there is no bundle, or it names no identifier.
     virtual std::optional<QString> bundleIdentifier(const Path& place) const = 0;
 };

@@ -1,13 +1,12 @@
 #include "ui/AppIcon.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 #include "ui/kit/Accessibility.h"
 
 #include <QPainter>
 
 #include <cmath>
-
-using namespace Qt::StringLiterals;
 
 AppIcon::AppIcon(Style::Length size, QWidget* parent) : QWidget(parent), m_size(size)
 {
@@ -27,7 +26,7 @@ void AppIcon::present(const QString& name)
 bool AppIcon::load()
 {
     const qreal ratio = devicePixelRatio();
-    const Path file = below(Platform::current().bundles->mainResources(), m_name + ".icns"_L1);
+    const Path file = bundle_layout::icon(Platform::current().bundles->mainBundle(), m_name);
     if (!m_resource.load(file, int(std::ceil(m_size * ratio))))
         return false;
     m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);

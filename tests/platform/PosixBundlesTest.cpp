@@ -78,15 +78,15 @@ TEST_F(BundleFolder, WhatIsNoBundleOrHasNoListWithAnIdentifierNamesNone)
         EXPECT_FALSE(bundles.bundleIdentifier(makeBundle(app, list))) << list.left(120).toStdString();
 }
 
-TEST_F(BundleFolder, TheMainResourcesLieBesideTheProgramBehindAnyLink)
+TEST_F(BundleFolder, TheMainBundleIsTheOneThatTheProgramLiesInBehindAnyLink)
 {
     const Path program = app / "Contents/MacOS/Brisko", link = folder / "link";
     writeFile(program, "program");
     std::filesystem::create_symlink(program, link);
     for (const Path& executable : {program, link})
-        EXPECT_EQ(PosixBundles(executable).mainResources(), app / "Contents/Resources");
+        EXPECT_EQ(PosixBundles(executable).mainBundle(), app);
     const Path running = std::filesystem::read_symlink("/proc/self/exe");
-    EXPECT_EQ(PosixBundles().mainResources(), running.parent_path().parent_path() / "Resources");
+    EXPECT_EQ(PosixBundles().mainBundle(), running.parent_path().parent_path().parent_path());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 
 #include <QByteArray>
@@ -28,7 +29,7 @@ public:
 
     class FakeBundles final : public Bundles {
     public:
-        Path mainResources() const override { return "/Store.app/Contents/Resources"; }
+        Path mainBundle() const override { return "/Store.app"; }
         std::optional<QString> bundleIdentifier(const Path& place) const override;
 
         std::map<Path, QString> installed;
@@ -92,7 +93,7 @@ public:
     FakeJobs jobs;
 
     /// The place of a file in the main bundle's resource folder.
-    Path resource(const Path& name) const { return bundles.mainResources() / name; }
+    Path resource(const Path& name) const { return bundle_layout::resources(bundles.mainBundle()) / name; }
 
 private:
     PlatformScope m_scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};

@@ -1,5 +1,6 @@
 #include "app/window/PloviStoreMain.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 #include "platform/desktop/DesktopJobs.h"
 #include "platform/desktop/DesktopSavePanel.h"
@@ -61,14 +62,14 @@ struct DesktopPlatform {
 QString ownName()
 {
     const PosixBundles bundles;
-    const Path bundle = bundles.mainResources().parent_path().parent_path();
+    const Path bundle = bundles.mainBundle();
     return instanceName(bundles.bundleIdentifier(bundle).value_or(QString()), bundle);
 }
 
 /// A bundle made for machines that may lack the fonts brings them along.
-void addOwnFonts(const Path& resources)
+void addOwnFonts(const Path& store)
 {
-    for (const QFileInfo& font : QDir(resources / "Fonts").entryInfoList(QDir::Files))
+    for (const QFileInfo& font : QDir(bundle_layout::fonts(store)).entryInfoList(QDir::Files))
         QFontDatabase::addApplicationFont(font.filePath());
 }
 
@@ -115,7 +116,7 @@ int PloviStoreMain::run(int argc, char* argv[])
     QTranslator translator;
     speakRussian(translator);
     const DesktopPlatform platform;
-    addOwnFonts(platform.bundles.mainResources());
+    addOwnFonts(platform.bundles.mainBundle());
     Style::applyTo(application);
 
     PloviStoreMain program;

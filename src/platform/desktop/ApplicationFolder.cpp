@@ -1,5 +1,6 @@
 #include "platform/desktop/ApplicationFolder.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/posix/BundleInfo.h"
 
 #include <sys/stat.h>
@@ -24,7 +25,7 @@ QString identifierOf(const Path& bundle)
 
 bool isBundle(const Path& entry)
 {
-    return entry.extension() == ".app";
+    return entry.extension() == bundle_layout::ending;
 }
 
 } // namespace
@@ -94,7 +95,7 @@ std::vector<Path> ApplicationFolder::watchedContent(const Path& folder)
 void ApplicationFolder::add(const Path& bundle)
 {
     m_watch.add(bundle);
-    m_watch.add(bundle / "Contents");
+    m_watch.add(bundle_layout::contents(bundle));
     const QString identifier = identifierOf(bundle);
     if (!identifier.isEmpty() && !m_bundles.contains(identifier))
         m_bundles.insert(identifier, bundle);

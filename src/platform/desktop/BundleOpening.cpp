@@ -1,5 +1,6 @@
 #include "platform/desktop/BundleOpening.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/desktop/ProgramEnvironment.h"
 #include "platform/posix/BundleInfo.h"
 
@@ -118,7 +119,7 @@ Result<void> openBundle(const Path& bundle)
         return tl::unexpected(systemFailure(ENOENT));
 
     const QString name = info->executable.isEmpty() ? toText(bundle.stem()) : info->executable;
-    const Path program = std::filesystem::absolute(bundle) / "Contents/MacOS" / toPath(name);
+    const Path program = bundle_layout::programs(std::filesystem::absolute(bundle)) / toPath(name);
     if (!isFileName(name))
         return tl::unexpected(failureOf({}, ENOENT));
 

@@ -1,5 +1,6 @@
 #include "platform/posix/BundleInfo.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/posix/FileDescriptor.h"
 #include "platform/posix/PropertyList.h"
 
@@ -16,7 +17,7 @@ constexpr std::size_t largestList = std::size_t{1} << 20;
 
 std::optional<BundleInfo> readBundleInfo(const Path& bundle)
 {
-    const auto file = openForReading(bundle / "Contents" / "Info.plist");
+    const auto file = openForReading(bundle_layout::infoList(bundle));
     if (!file || file->size > largestList)
         return std::nullopt;
 

@@ -1,5 +1,6 @@
 #include "platform/posix/PosixBundles.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/posix/BundleInfo.h"
 
 namespace {
@@ -16,13 +17,13 @@ Path realPath(const Path& path)
 PosixBundles::PosixBundles() : PosixBundles("/proc/self/exe") { }
 
 PosixBundles::PosixBundles(const Path& executable)
-    : m_resources(realPath(executable).parent_path().parent_path() / "Resources")
+    : m_mainBundle(bundle_layout::bundleOfProgram(realPath(executable)))
 {
 }
 
-Path PosixBundles::mainResources() const
+Path PosixBundles::mainBundle() const
 {
-    return m_resources;
+    return m_mainBundle;
 }
 
 std::optional<QString> PosixBundles::bundleIdentifier(const Path& place) const

@@ -10,9 +10,9 @@ public:
     /// The main bundle is the one that `executable` lies in: `X.app/Contents/MacOS/name`.
     explicit PosixBundles(const Path& executable);
 
-    Path mainResources() const override;
+    Path mainBundle() const override;
     std::optional<QString> bundleIdentifier(const Path& place) const override;
 
 private:
-    Path m_resources;
+    Path m_mainBundle;
 };

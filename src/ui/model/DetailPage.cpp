@@ -1,5 +1,6 @@
 #include "ui/model/DetailPage.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;
@@ -43,7 +44,7 @@ DetailPage detail(const StoreApp& app, const Store& store)
             + u"«Системные настройки → Конфиденциальность и безопасность»."_s,
     };
     if (app.id == "brisko"_L1)
-        page.screenshot = {Platform::current().bundles->mainResources() / "BriskoScreen.png",
+        page.screenshot = {bundle_layout::screenshot(Platform::current().bundles->mainBundle()),
             u"Снимок экрана "_s + app.name};
     return page;
 }

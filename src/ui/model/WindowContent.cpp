@@ -1,5 +1,6 @@
 #include "ui/model/WindowContent.h"
 
+#include "platform/BundleLayout.h"
 #include "platform/Platform.h"
 
 using namespace Qt::StringLiterals;
@@ -9,7 +10,7 @@ namespace {
 SidebarContent sidebar(const ViewState& view)
 {
     SidebarContent content{
-        .brandImage = Platform::current().bundles->mainResources() / "Brand.png",
+        .brandImage = bundle_layout::brandImage(Platform::current().bundles->mainBundle()),
         .brandName = u"PloviStore"_s,
         .searchPlaceholder = u"Поиск приложений"_s,
         .search = view.search,
