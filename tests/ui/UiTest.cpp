@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -89,8 +91,9 @@ QAbstractButton* UiTest::button(const QString& name, int index) const
             found.append(candidate);
     }
     std::ranges::sort(found, {}, [](QWidget* widget) { return widget->mapToGlobal(QPoint()).y(); });
-    EXPECT_LT(index, found.size()) << "no button " << name.toStdString();
-    return found.value(index);
+    if (index >= found.size())
+        throw std::out_of_range("no button " + name.toStdString());
+    return found[index];
 }
 
 void UiTest::press(const QString& name, int index)

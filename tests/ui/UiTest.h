@@ -21,6 +21,7 @@ protected:
     static void settle();
 
     /// The button with that accessible name, of those in view from top to bottom the one at `index`.
+    /// Throws where there is none, which fails the test that asked.
     QAbstractButton* button(const QString& name, int index = 0) const;
     void press(const QString& name, int index = 0);
     /// The text of the first shown widget of that class.
