@@ -1,7 +1,7 @@
 // Any bytes as the ZIP archive of an application, which must not lead out of its folder nor unpack to more
 // than it may.
-#include "pack/Application.h"
-#include "pack/ArchiveReading.h"
+#include "pack/checks/Application.h"
+#include "pack/trees/ArchiveReading.h"
 
 #include <algorithm>
 #include <cstdlib>

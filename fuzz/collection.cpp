@@ -1,7 +1,7 @@
 // Any bytes as a maker's collection or a store's catalog. What is found stands in a line of the file, and
 // where the packer finds no error the store reads the same entries.
 #include "catalog/Catalog.h"
-#include "pack/CatalogText.h"
+#include "pack/checks/CatalogText.h"
 
 #include <QRegularExpression>
 

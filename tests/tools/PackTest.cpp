@@ -1,4 +1,4 @@
-#include "pack/ArchiveWriting.h"
+#include "pack/trees/ArchiveWriting.h"
 #include "tools/SampleCollection.h"
 
 #include <QJsonArray>

@@ -1,5 +1,5 @@
-#include "pack/FileAccess.h"
-#include "pack/Pictures.h"
+#include "pack/files/FileAccess.h"
+#include "pack/pictures/Pictures.h"
 
 #include <cstdio>
 

@@ -1,5 +1,5 @@
-#include "pack/FileAccess.h"
-#include "pack/Verbs.h"
+#include "pack/files/FileAccess.h"
+#include "pack/verbs/Verbs.h"
 
 #include <array>
 #include <clocale>

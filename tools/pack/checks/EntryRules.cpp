@@ -1,0 +1,164 @@
+#include "pack/checks/EntryRules.h"
+
+#include "catalog/Categories.h"
+#include "catalog/Fields.h"
+
+#include <QMap>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype longestName = 240;
+constexpr std::size_t entriesOfSelfTest = 4;
+
+bool isControl(QChar character)
+{
+    return character.category() == QChar::Other_Control;
+}
+
+/// Whether it changes the direction of what stands around it, so that a text shows other than it reads.
+bool isBidiControl(QChar character)
+{
+    const char16_t code = character.unicode();
+    return (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069) || code == 0x200e
+        || code == 0x200f || code == 0x061c;
+}
+
+QString codePoint(QChar character)
+{
+    return u"U+%1"_s.arg(int(character.unicode()), 4, 16, QChar(u'0')).toUpper();
+}
+
+void checkText(const QString& text, CodingKeys key, const Place& place, Findings& findings)
+{
+    const QString name = QString::fromLatin1(keyText(key).data());
+    if (text.trimmed().isEmpty())
+        findings.push_back({Code::TextEmpty, place, u"\"%1\" is empty"_s.arg(name), {}, text});
+    const auto control = std::ranges::find_if(text, [key](QChar character) {
+        return isControl(character) && !(key == CodingKeys::description && character == u'\n');
+    });
+    if (control != text.end())
+        findings.push_back({Code::TextControl, place,
+            u"\"%1\" holds the control character %2"_s.arg(name, codePoint(*control)), {},
+            codePoint(*control)});
+    const auto bidi = std::ranges::find_if(text, isBidiControl);
+    if (bidi != text.end())
+        findings.push_back({Code::TextBidi, place,
+            u"\"%1\" changes the direction of writing with %2"_s.arg(name, codePoint(*bidi)), {},
+            codePoint(*bidi)});
+}
+
+void checkField(const QString& text, CodingKeys key, const Place& place, Findings& findings)
+{
+    checkText(text, key, place, findings);
+}
+
+void checkField(const QStringList& texts, CodingKeys key, const Place& place, Findings& findings)
+{
+    for (const QString& text : texts)
+        checkText(text, key, place, findings);
+}
+
+void checkField(qint64, CodingKeys, const Place&, Findings&) { }
+
+QString categoryList()
+{
+    QStringList titles;
+    for (const QStringView title : categoryTitles)
+        titles.append(title.toString());
+    return titles.join(u", "_s);
+}
+
+void checkEntry(const EntryText& entry, const QString& file, Findings& findings)
+{
+    const StoreApp& app = entry.app;
+    forEachField([&](CodingKeys key, auto field) {
+        if (entry.keyLines.at(std::size_t(key)) > 0)
+            checkField(app.*field, key, entry.at(file, key), findings);
+    });
+    const auto has = [&](CodingKeys key) { return entry.keyLines.at(std::size_t(key)) > 0; };
+    for (const auto& [key, text] :
+        {std::pair(CodingKeys::name, app.name), {CodingKeys::archive, app.archive}}) {
+        if (has(key) && !canBeFileName(text))
+            findings.push_back({Code::NameNotFile, entry.at(file, key),
+                u"\"%1\" cannot be the name of a file"_s.arg(text), {}, text});
+    }
+    if (has(CodingKeys::archive) && !app.archive.endsWith(".zip"_L1))
+        findings.push_back({Code::ArchiveNotZip, entry.at(file, CodingKeys::archive),
+            u"\"%1\" does not end with .zip"_s.arg(app.archive), u".zip"_s, app.archive});
+    if (has(CodingKeys::category) && std::ranges::find(categoryTitles, app.category) == categoryTitles.end())
+        findings.push_back({Code::CategoryUnknown, entry.at(file, CodingKeys::category),
+            u"«%1» is no section of the window (%2)"_s.arg(app.category, categoryList()), categoryList(),
+            app.category});
+    static const QRegularExpression numbers(u"^[0-9]+(\\.[0-9]+)*$"_s, QRegularExpression::DontCaptureOption);
+    if (has(CodingKeys::minimum) && !numbers.match(app.minimum).hasMatch())
+        findings.push_back({Code::MinimumForm, entry.at(file, CodingKeys::minimum),
+            u"\"%1\" is no version such as 13 or 10.15"_s.arg(app.minimum), u"13"_s, app.minimum});
+}
+
+/// Complains where two entries have the same text at the key.
+void checkShared(const std::vector<EntryText>& entries, const QString& file, CodingKeys key,
+    QString StoreApp::*field, Code code, QString (*folded)(const QString&), Findings& findings)
+{
+    QMap<QString, int> lines;
+    for (const EntryText& entry : entries) {
+        const int line = entry.keyLines.at(std::size_t(key));
+        if (line == 0)
+            continue;
+        const QString& text = entry.app.*field;
+        const auto first = lines.constFind(folded(text));
+        if (first == lines.constEnd())
+            lines.insert(folded(text), line);
+        else
+            findings.push_back({code, entry.at(file, key),
+                u"\"%1\" is also the %2 in line %3"_s.arg(
+                    text, QString::fromLatin1(keyText(key).data()), QString::number(*first)),
+                {}, text});
+    }
+}
+
+QString asIs(const QString& text)
+{
+    return text;
+}
+
+} // namespace
+
+bool canBeFileName(const QString& text)
+{
+    return !text.isEmpty() && !text.startsWith(u'.') && text.toUtf8().size() <= longestName
+        && std::ranges::none_of(
+            text, [](QChar character) { return character == u'/' || isControl(character); });
+}
+
+QString foldedName(const QString& name)
+{
+    return name.normalized(QString::NormalizationForm_C)
+        .toCaseFolded()
+        .normalized(QString::NormalizationForm_C);
+}
+
+void checkEntries(const std::vector<EntryText>& entries, const QString& file, Findings& findings)
+{
+    for (const EntryText& entry : entries)
+        checkEntry(entry, file, findings);
+    checkShared(entries, file, CodingKeys::id, &StoreApp::id, Code::IdShared, asIs, findings);
+    checkShared(entries, file, CodingKeys::name, &StoreApp::name, Code::NameShared, foldedName, findings);
+    checkShared(
+        entries, file, CodingKeys::bundleID, &StoreApp::bundleID, Code::BundleIdShared, asIs, findings);
+    checkShared(
+        entries, file, CodingKeys::archive, &StoreApp::archive, Code::ArchiveShared, foldedName, findings);
+
+    if (!entries.empty() && entries.front().app.name != "Brisko"_L1)
+        findings.push_back({Code::FirstNotBrisko, entries.front().at(file, CodingKeys::name),
+            u"the first entry is featured, and its card always speaks of «Brisko»"_s, u"Brisko"_s,
+            entries.front().app.name});
+    if (entries.size() != entriesOfSelfTest)
+        findings.push_back({Code::CountNotFour, {file, 0, {}},
+            u"the store's self-test wants four entries, and there are %1"_s.arg(entries.size()), u"4"_s,
+            QString::number(entries.size())});
+}

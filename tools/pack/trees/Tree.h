@@ -1,0 +1,55 @@
+#pragma once
+
+#include "pack/findings/Finding.h"
+#include "platform/Path.h"
+
+#include <QByteArray>
+
+#include <ctime>
+#include <map>
+#include <string>
+
+/// What lies at one place of an application.
+struct TreeNode {
+    enum class Kind { Folder, File, Link, Other };
+
+    Kind kind = Kind::Other;
+    bool isExecutable = false;
+    bool setsID = false;
+    qint64 size = 0;
+    /// Where a link leads.
+    std::string target;
+    /// The first bytes of a file, enough to tell a program.
+    QByteArray head;
+    /// When the file was last written; nothing in an archive.
+    timespec written{};
+};
+
+/// An application's folder or archive: its places, named relative to it, in the order of their bytes, so that
+/// a folder comes before what lies in it.
+struct Tree {
+    std::map<std::string, TreeNode> nodes;
+    /// Contents/Info.plist, if it is there and no larger than such a list can be.
+    QByteArray infoList;
+};
+
+/// How much of each file is kept, and of the list.
+inline constexpr qint64 headSize = 512;
+inline constexpr qint64 largestInfoList = qint64(1) << 20;
+
+/// Whether a file of this name is made by a desktop and belongs to no application.
+bool isLitter(const std::string& name);
+
+/// Where a link or a way over links ends.
+struct Resolved {
+    enum class End { Found, Missing, Outside };
+    End end;
+    std::string name;
+};
+Resolved resolve(const Tree& tree, const std::string& name);
+
+/// Reads what lies in `folder`. Litter is left out, and told like everything that cannot be read.
+Tree readTree(const Path& folder, const Place& place, Findings& findings);
+
+/// Looks for names, links and kinds that do not unpack everywhere as they are.
+void checkTree(const Tree& tree, const Place& place, Findings& findings);

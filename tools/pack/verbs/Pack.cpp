@@ -1,0 +1,189 @@
+#include "pack/checks/Application.h"
+#include "pack/checks/BundleFiles.h"
+#include "pack/checks/CollectionCheck.h"
+#include "pack/checks/StoreCheck.h"
+#include "pack/files/FileAccess.h"
+#include "pack/files/Parallel.h"
+#include "pack/files/Staging.h"
+#include "pack/trees/ArchiveWriting.h"
+#include "pack/verbs/Verbs.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <mutex>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Says on a terminal how far the work is.
+class Progress {
+public:
+    explicit Progress(std::size_t count) : m_count(count), m_isShown(isatty(STDERR_FILENO) != 0) { }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+    ~Progress()
+    {
+        if (m_isShown)
+            std::fputs("\r\033[K", stderr);
+    }
+
+    void packed(const QString& name)
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_done;
+        if (m_isShown)
+            std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", m_done, m_count, qUtf8Printable(name));
+    }
+
+private:
+    std::mutex m_mutex;
+    std::size_t m_done = 0;
+    std::size_t m_count;
+    bool m_isShown;
+};
+
+/// Whether a resource of the bundle that the program is taken from belongs to that bundle's own catalog.
+bool isOfCatalog(const Path& name)
+{
+    return name == bundle_file::catalog || name == bundle_file::packages || name == bundle_file::brand
+        || name == bundle_file::screenshot || name.extension() == ".icns";
+}
+
+/// Copies all of a bundle but its catalog.
+Result<void> copyProgram(const Path& program, const Path& store)
+{
+    std::error_code error;
+    const Path contents = program / "Contents";
+    auto done = makeFolders(store / bundle_file::resources / bundle_file::packages);
+    for (const Path& folder : {contents, program / bundle_file::resources}) {
+        const bool isResources = folder != contents;
+        if (isResources && !fs::exists(folder, error))
+            break;
+        for (fs::directory_iterator place(folder, error), end; done && !error && place != end;
+             place.increment(error)) {
+            const Path name = place->path().filename();
+            if (isResources ? !isOfCatalog(name) : name != "Resources")
+                done = copyTree(place->path(), store / folder.lexically_relative(program) / name);
+        }
+        if (error)
+            return cannot("read"_L1, folder, error);
+    }
+    return done;
+}
+
+Result<void> packEntry(const Path& resources, CollectionEntry& entry, Findings& findings)
+{
+    const Path archive = resources / bundle_file::packages / toPath(entry.app.archive);
+    auto done = writeArchive(entry.tree, entry.folder, archive, entry.place, findings);
+    const auto digest = done.and_then([&] { return digestOf(archive); });
+    if (!digest)
+        return tl::unexpected(digest.error());
+    entry.app.bytes = digest->bytes;
+    entry.app.sha256 = digest->sha256;
+    return writeFile(resources / bundle_file::icon(entry.app), iconSet(*entry.icon));
+}
+
+Result<void> packEntries(const Path& resources, Collection& collection)
+{
+    Progress progress(collection.entries.size());
+    std::vector<Result<void>> results(collection.entries.size());
+    std::vector<Findings> found(collection.entries.size());
+    inParallel(results.size(), [&](std::size_t index) {
+        results[index] = packEntry(resources, collection.entries[index], found[index]);
+        progress.packed(collection.entries[index].app.name);
+    });
+    for (Findings& some : found)
+        collection.findings.insert(collection.findings.end(), some.begin(), some.end());
+    const auto failed = std::ranges::find_if(results, [](const auto& result) { return !result; });
+    return failed == results.end() ? Result<void>() : *failed;
+}
+
+Result<void> writeStore(const PackOrder& order, Collection& collection, const Path& store)
+{
+    const Path resources = store / bundle_file::resources;
+    auto done = makeFolders(store)
+                    .and_then([&] { return copyProgram(order.program, store); })
+                    .and_then([&] { return packEntries(resources, collection); })
+                    .and_then([&] {
+                        return writeFile(resources / bundle_file::brand,
+                            squarePng(*collection.brand, bundle_file::brandEdge));
+                    });
+    if (done && collection.screenshot)
+        done = writeFile(resources / bundle_file::screenshot, collection.screenshot->content);
+    return done.and_then(
+        [&] { return writeFile(resources / bundle_file::catalog, encodeCatalog(collection.catalog())); });
+}
+
+/// Whether there are folders at most, as those that a build makes for what is to come.
+bool isFree(const Path& store)
+{
+    std::error_code error;
+    const auto isFolder = [](const fs::file_status& status) {
+        return status.type() == fs::file_type::directory;
+    };
+    const auto status = fs::symlink_status(store, error);
+    if (!fs::exists(status))
+        return true;
+    if (!isFolder(status))
+        return false;
+    fs::recursive_directory_iterator place(store, error);
+    while (!error && place != fs::end(place) && isFolder(place->symlink_status(error)))
+        place.increment(error);
+    return !error && place == fs::end(place);
+}
+
+/// Only a store is ever replaced.
+Result<void> checkTarget(const Path& store)
+{
+    if (store.extension() != ".app" && (store.has_filename() || store.parent_path().extension() != ".app"))
+        return cannot("write"_L1, store, u"the name of a store ends with .app"_s);
+    std::error_code error;
+    if (!isFree(store) && !fs::is_regular_file(store / bundle_file::resources / bundle_file::catalog, error))
+        return cannot("replace"_L1, store, u"it is no store"_s);
+    return {};
+}
+
+Result<void> checkProgramBundle(const Path& program)
+{
+    std::error_code error;
+    if (!fs::is_regular_file(program / "Contents" / "Info.plist", error))
+        return cannot("take the program from"_L1, program, u"it is no store"_s);
+    return {};
+}
+
+} // namespace
+
+Result<int> pack(const PackOrder& order, const Reporting& reporting)
+{
+    auto staging =
+        checkTarget(order.store).and_then([&] { return checkProgramBundle(order.program); }).and_then([&] {
+            return Staging::beside(order.store);
+        });
+    if (!staging)
+        return tl::unexpected(staging.error());
+    auto collection = readCollection(order.collection, order.apps);
+    if (!collection)
+        return tl::unexpected(collection.error());
+    const auto tell = [&] {
+        return report(order.collection, collection->findings, collection->catalog(), reporting);
+    };
+    if (hasErrors(collection->findings) || (reporting.strict && !collection->findings.empty()))
+        return tell();
+
+    if (auto written = writeStore(order, *collection, staging->place()); !written)
+        return tl::unexpected(written.error());
+    const auto store = readStore(staging->place());
+    if (!store)
+        return tl::unexpected(store.error());
+    // Its warnings are those of the collection.
+    std::ranges::copy_if(store->findings, std::back_inserter(collection->findings),
+        [](const Finding& finding) { return severityOf(finding.code) == Severity::Error; });
+    if (hasErrors(collection->findings))
+        return tell();
+    if (auto published = staging->publish(); !published)
+        return tl::unexpected(published.error());
+    return tell();
+}
