@@ -70,40 +70,17 @@ void FeaturedCardView::paintEvent(QPaintEvent*)
     drawShadow(painter);
 }
 
-/// The colours change along the diagonal alone: each line has those of the one above it, moved on. Computing
-/// them for one line, and covering the corners afterwards, takes a fraction of what a gradient does.
 void FeaturedCardView::drawBackground(QPainter& painter) const
 {
-    const QRect card = contentsRect();
-    const qreal ratio = devicePixelRatio();
-    const int width = int(card.width() * ratio);
-    const int height = int(card.height() * ratio);
-    const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    QLinearGradient gradient(0, 0, 2 * width, 0);
-    gradient.setColorAt(mirrored ? 1 : 0, Look::cardStart());
-    gradient.setColorAt(mirrored ? 0 : 1, Look::cardEnd());
-    QImage colors(2 * width, 1, QImage::Format_RGB32);
-    QPainter linePainter(&colors);
-    linePainter.fillRect(colors.rect(), gradient);
+    const qreal leading = layoutDirection() == Qt::RightToLeft ? 1 : 0;
+    QLinearGradient colors(leading, 0, 1 - leading, 1);
+    colors.setCoordinateMode(QGradient::ObjectMode);
+    colors.setColorAt(0, Look::cardStart());
+    colors.setColorAt(1, Look::cardEnd());
+    const QPainterPath shape = continuousRect(contentsRect(), Look::cardCorner);
+    painter.fillPath(shape, colors);
     if (const auto fill = stateFill())
-        linePainter.fillRect(colors.rect(), *fill);
-    linePainter.end();
-
-    painter.save();
-    painter.translate(card.topLeft());
-    painter.scale(1 / ratio, 1 / ratio);
-    for (int line = 0; line < height; ++line) {
-        const int moved = line * width / height;
-        painter.drawImage(QPoint(0, line), colors, QRect(mirrored ? width - moved : moved, 0, width, 1));
-    }
-    painter.restore();
-
-    QPainterPath corners = continuousRect(card, Look::cardCorner);
-    corners.addRect(card);
-    // The mode in which Qt fills at once; for an opaque colour it looks the same as any other.
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillPath(corners, Style::windowBackground());
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.fillPath(shape, *fill);
 }
 
 void FeaturedCardView::drawShadow(QPainter& painter)

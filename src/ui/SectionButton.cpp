@@ -44,10 +44,7 @@ void SectionButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (isChecked()) {
-        drawShapes(painter, contentsRect(), [this](QPainter& selection) {
-            selection.fillPath(continuousRect(contentsRect(), Look::sectionCorner), Look::selection());
-        });
-    }
+    if (isChecked())
+        painter.fillPath(continuousRect(contentsRect(), Look::sectionCorner), Look::selection());
     drawState(painter);
 }

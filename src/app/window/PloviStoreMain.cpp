@@ -10,7 +10,6 @@
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixUserFolders.h"
-#include "ui/kit/FontRendering.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -20,10 +19,8 @@
 #include <QScopedValueRollback>
 #include <QTranslator>
 
-#include <clocale>
 #include <cstdio>
 #include <cstdlib>
-#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -98,15 +95,9 @@ int PloviStoreMain::run(int argc, char* argv[])
     const bool isChosen = qEnvironmentVariableIsSet(drawing);
     if (!isChosen)
         qputenv(drawing, "none");
-    // Qt would do it beside the thread.
-    std::setlocale(LC_ALL, "");
-    // It takes as long as to connect to the screen, which the toolkit would do first. Done when it is waited
-    // for where there is no thread to spare.
-    const auto fonts = std::async(std::launch::async | std::launch::deferred, readFontConfiguration);
     qInstallMessageHandler(endWithoutScreen);
     QApplication application(argc, argv);
     qInstallMessageHandler(tellFatalOnly);
-    fonts.wait();
     if (!isChosen)
         qunsetenv(drawing);
 

@@ -24,11 +24,6 @@ FcPattern* bestMatch(const QFont& font)
 
 } // namespace
 
-void readFontConfiguration()
-{
-    FcInit();
-}
-
 void FontRendering::Destroy::operator()(FcConfig* config) const
 {
     FcConfigDestroy(config);

@@ -5,10 +5,6 @@
 class QFont;
 struct _FcConfig;
 
-/// Reads what this machine says of its fonts, for which the first text would have to wait. Any thread; the
-/// locale stays as it is meanwhile, and of the environment it may miss what is moved by a removal.
-void readFontConfiguration();
-
 /// How this desktop wants fonts rendered (smoothing, hinting, order of subpixels), asked once for all fonts
 /// of the interface. Qt asks fontconfig again for every size of every face, and for each answer fontconfig
 /// goes through all rules and all fonts of the machine: a third of what the window's start would take.

@@ -1,6 +1,5 @@
 #include "ui/kit/KitStyle.h"
 
-#include "ui/kit/Shapes.h"
 #include "ui/kit/Style.h"
 #include "ui/kit/Symbols.h"
 
@@ -147,9 +146,10 @@ void KitStyle::drawComplexControl(
     const qreal gap = Style::px(2);
     const QRectF line = thumb.adjusted(gap, gap, -gap, -gap);
     const qreal corner = qMin(line.width(), line.height()) / 2;
-    drawShapes(*painter, thumb, [&](QPainter& shape) {
-        shape.setPen(Qt::NoPen);
-        shape.setBrush(lively ? Style::scrollThumbHovered() : Style::scrollThumb());
-        shape.drawRoundedRect(line, corner, corner);
-    });
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(lively ? Style::scrollThumbHovered() : Style::scrollThumb());
+    painter->drawRoundedRect(line, corner, corner);
+    painter->restore();
 }

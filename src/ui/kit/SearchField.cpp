@@ -96,15 +96,12 @@ void SearchField::paintEvent(QPaintEvent* event)
 {
     {
         QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
         const qreal width = hasFocus() ? Style::focusRing : Style::hairline;
         const QRectF border = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
-        const QPainterPath shape = continuousRect(border, Style::fieldCorner);
-        drawShapes(painter, rect(), [this](QPainter& field) {
-            field.fillPath(continuousRect(rect(), Style::fieldCorner), Style::fieldFill());
-        });
-        drawShapes(painter, rect(), [&](QPainter& line) {
-            line.strokePath(shape, QPen(hasFocus() ? Style::accent() : Style::fieldBorder(), width));
-        });
+        painter.fillPath(continuousRect(rect(), Style::fieldCorner), Style::fieldFill());
+        painter.strokePath(continuousRect(border, Style::fieldCorner),
+            QPen(hasFocus() ? Style::accent() : Style::fieldBorder(), width));
     }
     QLineEdit::paintEvent(event);
 }

@@ -1,7 +1,6 @@
 #include "ui/kit/Shapes.h"
 
 #include <QPainter>
-#include <QTransform>
 
 #include <array>
 #include <cmath>
@@ -71,29 +70,6 @@ QPainterPath continuousRect(const QRectF& rect, qreal radius)
     return path;
 }
 
-void drawShapes(QPainter& painter, const QRectF& bounds, const std::function<void(QPainter&)>& draw)
-{
-    const QTransform toPixels = painter.deviceTransform();
-    const QRect pixels = toPixels.mapRect(bounds).toAlignedRect();
-    QImage image(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return;
-    image.fill(Qt::transparent);
-    QPainter shapes(&image);
-    shapes.setRenderHint(QPainter::Antialiasing);
-    // The mode in which Qt fills at once. On a transparent picture it looks the same as any other.
-    shapes.setCompositionMode(QPainter::CompositionMode_Source);
-    shapes.setTransform(toPixels * QTransform::fromTranslate(-pixels.x(), -pixels.y()));
-    draw(shapes);
-    shapes.end();
-
-    painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    painter.setTransform(toPixels.inverted(), true);
-    painter.drawImage(pixels.topLeft(), image);
-    painter.restore();
-}
-
 Shadow shadowOf(const QImage& picture, qreal blur, QPointF offset, const QColor& color)
 {
     const qreal ratio = picture.devicePixelRatio();
@@ -112,11 +88,7 @@ Shadow shadowOf(const QImage& picture, qreal blur, QPointF offset, const QColor&
     QPainter painter(&image);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    // So few lines at a time that Qt fills them at once.
-    for (int top = 0; top < image.height(); top += 64) {
-        painter.setClipRect(0, top, image.width(), 64);
-        painter.drawImage(image.rect(), alpha);
-    }
+    painter.drawImage(image.rect(), alpha);
     painter.end();
     image.setDevicePixelRatio(ratio);
     return {image, offset - QPointF(margin, margin) * coarseness / ratio};

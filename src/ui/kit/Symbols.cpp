@@ -1,7 +1,5 @@
 #include "ui/kit/Symbols.h"
 
-#include "ui/kit/Shapes.h"
-
 #include <QPainter>
 #include <QPainterPath>
 
@@ -243,11 +241,12 @@ void drawSymbol(QPainter& painter, QStringView name, const QRectF& box, const QC
         symbol->direction == Direction::AlongText && painter.layoutDirection() == Qt::RightToLeft;
     const Drawing drawing = symbol->draw();
 
-    drawShapes(painter, box, [&](QPainter& shapes) {
-        shapes.translate(box.center());
-        shapes.scale(mirrored ? -scale : scale, scale);
-        shapes.translate(-grid / 2, -grid / 2);
-        shapes.strokePath(drawing.lines, QPen(color, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        shapes.fillPath(drawing.filled, color);
-    });
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(box.center());
+    painter.scale(mirrored ? -scale : scale, scale);
+    painter.translate(-grid / 2, -grid / 2);
+    painter.strokePath(drawing.lines, QPen(color, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(drawing.filled, color);
+    painter.restore();
 }
