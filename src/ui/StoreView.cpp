@@ -84,7 +84,7 @@ void StoreView::answer(const Request& request)
 {
     const bool isRefresh = std::holds_alternative<request::Refresh>(request);
     const bool isDismissal = std::holds_alternative<request::Dismiss>(request);
-    if ((m_isAnswering || isCovered(*this)) && !isRefresh && !isDismissal) {
+    if ((m_isAnswering || MessageSheet::covers(*this)) && !isRefresh && !isDismissal) {
         planRebuild(); // The search field shows its former text again.
         return;
     }

@@ -5,7 +5,6 @@
 #include "platform/Platform.h"
 #include "ui/Look.h"
 #include "ui/StoreView.h"
-#include "ui/kit/Accessibility.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/Style.h"
 
@@ -66,9 +65,9 @@ bool StoreWindow::isAvailable(Command command) const
     case Command::VisitSite:
     case Command::Find:
     case Command::Refresh:
-        return !isCovered(*m_view);
+        return !MessageSheet::covers(*m_view);
     default:
-        return m_edited && !isCovered(*m_edited) && canEdit(m_edited, command);
+        return m_edited && !MessageSheet::covers(*m_edited) && canEdit(m_edited, command);
     }
 }
 

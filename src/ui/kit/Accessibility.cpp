@@ -6,7 +6,6 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QApplication>
 
 namespace {
 
@@ -32,7 +31,7 @@ public:
 /// The focus goes where a press is, so that whoever takes it can give it back.
 void press(PlainButton& button)
 {
-    if (isCovered(button))
+    if (MessageSheet::covers(button))
         return;
     button.setFocus(Qt::OtherFocusReason);
     button.click();
@@ -66,13 +65,13 @@ public:
 
     QStringList actionNames() const override
     {
-        const bool answers = button().isEnabled() && !isCovered(button());
+        const bool answers = button().isEnabled() && !MessageSheet::covers(button());
         return answers ? QStringList{pressAction(), setFocusAction()} : QStringList();
     }
 
     void doAction(const QString& name) override
     {
-        if (isCovered(button()))
+        if (MessageSheet::covers(button()))
             return;
         if (name != pressAction()) {
             QAccessibleWidget::doAction(name);
@@ -134,15 +133,6 @@ QAccessibleInterface* makeNode(const QString&, QObject* object)
 }
 
 } // namespace
-
-bool isCovered(const QWidget& widget)
-{
-    const QWidget* const dialog = QApplication::activeModalWidget();
-    const QWidget* sheet = nullptr;
-    for (const auto* child : widget.window()->findChildren<MessageSheet*>(Qt::FindDirectChildrenOnly))
-        sheet = child->isVisible() ? child : sheet;
-    return (dialog && dialog != widget.window()) || (sheet && !sheet->isAncestorOf(&widget));
-}
 
 void makeDecorative(QWidget& widget)
 {

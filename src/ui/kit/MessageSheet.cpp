@@ -8,6 +8,7 @@
 #include "ui/kit/TextLabel.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -22,6 +23,15 @@ bool endsTheWindow(const QKeyEvent& key)
 }
 
 } // namespace
+
+bool MessageSheet::covers(const QWidget& widget)
+{
+    const QWidget* const dialog = QApplication::activeModalWidget();
+    const QWidget* sheet = nullptr;
+    for (const auto* child : widget.window()->findChildren<MessageSheet*>(Qt::FindDirectChildrenOnly))
+        sheet = child->isVisible() ? child : sheet;
+    return (dialog && dialog != widget.window()) || (sheet && !sheet->isAncestorOf(&widget));
+}
 
 MessageSheet::MessageSheet(QWidget* window)
     : QWidget(window)

@@ -13,6 +13,10 @@ class MessageSheet : public QWidget {
     Q_OBJECT
 
 public:
+    /// A sheet or a modal dialog lies over this widget, be it in a sheet itself: whatever it is asked for has
+    /// to wait.
+    static bool covers(const QWidget& widget);
+
     /// Hidden until presented; covers `window` whatever its size becomes.
     explicit MessageSheet(QWidget* window);
 
