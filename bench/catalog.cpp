@@ -1,7 +1,7 @@
 // Decoding, searching and looking up at 4, 1,000 and 20,000 entries.
 
 #include "SampleBundle.h"
-#include "catalog/CodingKeys.h"
+#include "catalog/Fields.h"
 #include "platform/Platform.h"
 #include "platform/desktop/ApplicationRegistry.h"
 #include "platform/desktop/DesktopWorkspace.h"

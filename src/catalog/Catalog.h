@@ -1,7 +1,6 @@
 #pragma once
 
-#include "catalog/CodingKeys.h"
-#include "catalog/StoreApp.h"
+#include "catalog/Fields.h"
 #include "platform/Failure.h"
 
 #include <QByteArray>

@@ -1,8 +1,9 @@
 #include "catalog/Catalog.h"
-#include "catalog/Fields.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <concepts>
 
 namespace {
 
@@ -16,21 +17,23 @@ QByteArray json(const QString& text)
     return json(QStringList{text}).sliced(1).chopped(1);
 }
 
-QByteArray json(qint64 number)
+QByteArray json(std::integral auto number)
 {
+    if constexpr (std::same_as<decltype(number), bool>)
+        return number ? "true" : "false";
     return QByteArray::number(number);
 }
 
 QByteArray object(const StoreApp& app, CatalogKind kind)
 {
     QByteArrayList lines;
-    forEachField([&](CodingKeys key, auto field) {
-        if (!belongsTo(kind, key))
-            return;
-        const std::string_view text = keyText(key);
-        lines.append(
-            "        \"" + QByteArray(text.data(), qsizetype(text.size())) + "\": " + json(app.*field));
-    });
+    forEachField(
+        [&](CodingKeys key, auto field) {
+            const std::string_view text = keyText(key);
+            lines.append(
+                "        \"" + QByteArray(text.data(), qsizetype(text.size())) + "\": " + json(app.*field));
+        },
+        kind);
     return "    {\n" + lines.join(",\n") + "\n    }";
 }
 

@@ -1,55 +1,81 @@
 #pragma once
 
-#include "catalog/CodingKeys.h"
 #include "catalog/StoreApp.h"
 
-/// Calls `visit(key, member)` for each field of an entry in the order of the keys; `app.*member` is the
-/// field. Whatever is done to every field is done through here.
-template <class Visitor>
-constexpr void forEachField(Visitor visit)
-{
-    visit(CodingKeys::id, &StoreApp::id);
-    visit(CodingKeys::name, &StoreApp::name);
-    visit(CodingKeys::category, &StoreApp::category);
-    visit(CodingKeys::subtitle, &StoreApp::subtitle);
-    visit(CodingKeys::headline, &StoreApp::headline);
-    visit(CodingKeys::description, &StoreApp::description);
-    visit(CodingKeys::tint, &StoreApp::tint);
-    visit(CodingKeys::version, &StoreApp::version);
-    visit(CodingKeys::bundleID, &StoreApp::bundleID);
-    visit(CodingKeys::minimum, &StoreApp::minimum);
-    visit(CodingKeys::archive, &StoreApp::archive);
-    visit(CodingKeys::sha256, &StoreApp::sha256);
-    visit(CodingKeys::architecture, &StoreApp::architecture);
-    visit(CodingKeys::features, &StoreApp::features);
-    visit(CodingKeys::bytes, &StoreApp::bytes);
-}
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <tuple>
+#include <utility>
 
-namespace fields_check {
+enum class CatalogKind {
+    /// A store's `catalog.json`.
+    Store,
+    /// A maker's `collection.json`, which does not have what is known only of a packed archive.
+    Collection,
+};
+
+/// A field of an entry, its key, and the first kind of file to have it.
+template <class Value>
+struct Field {
+    std::string_view key;
+    Value StoreApp::*member;
+    CatalogKind first = CatalogKind::Collection;
+};
 
 template <class Value>
-constexpr std::size_t sizeOf(Value StoreApp::*)
+Field(std::string_view, Value StoreApp::*, CatalogKind = CatalogKind::Collection) -> Field<Value>;
+
+/// The one list of the fields, in the order in which they are read. Whatever is done to every field is done
+/// through it.
+inline constexpr std::tuple fields{
+    Field{"id", &StoreApp::id},
+    Field{"name", &StoreApp::name},
+    Field{"category", &StoreApp::category},
+    Field{"subtitle", &StoreApp::subtitle},
+    Field{"headline", &StoreApp::headline},
+    Field{"description", &StoreApp::description},
+    Field{"tint", &StoreApp::tint},
+    Field{"version", &StoreApp::version},
+    Field{"bundleID", &StoreApp::bundleID},
+    Field{"minimum", &StoreApp::minimum},
+    Field{"archive", &StoreApp::archive},
+    Field{"sha256", &StoreApp::sha256, CatalogKind::Store},
+    Field{"architecture", &StoreApp::architecture},
+    Field{"features", &StoreApp::features},
+    Field{"bytes", &StoreApp::bytes, CatalogKind::Store},
+};
+
+/// A key of an entry: its place in the list.
+enum class CodingKeys : std::size_t {};
+
+inline constexpr auto codingKeyTexts =
+    std::apply([](const auto&... field) { return std::array{field.key...}; }, fields);
+
+/// The key as it is spelled in a file.
+constexpr std::string_view keyText(CodingKeys key)
 {
-    return sizeof(Value);
+    return codingKeyTexts.at(static_cast<std::size_t>(key));
 }
 
-constexpr bool visitsEveryKeyInOrder()
+/// The key that is spelled like this; none when there is no such key.
+constexpr std::optional<CodingKeys> codingKey(std::string_view text)
 {
-    std::size_t visited = 0;
-    bool inOrder = true;
-    forEachField(
-        [&](CodingKeys key, auto) { inOrder = inOrder && key == static_cast<CodingKeys>(visited++); });
-    return inOrder && visited == codingKeyTexts.size();
+    const auto* const found = std::ranges::find(codingKeyTexts, text);
+    if (found == codingKeyTexts.end())
+        return std::nullopt;
+    return static_cast<CodingKeys>(found - codingKeyTexts.begin());
 }
 
-constexpr std::size_t sizeOfVisitedFields()
+/// Calls `visit(key, member)` for each field that files of this kind have; `app.*member` is the field.
+template <class Visitor>
+constexpr void forEachField(Visitor visit, CatalogKind kind = CatalogKind::Store)
 {
-    std::size_t size = 0;
-    forEachField([&](CodingKeys, auto member) { size += sizeOf(member); });
-    return size;
+    std::size_t place = 0;
+    const auto visitNext = [&](const auto& field) {
+        if (kind == CatalogKind::Store || field.first == CatalogKind::Collection)
+            visit(static_cast<CodingKeys>(place), field.member);
+        ++place;
+    };
+    std::apply([&](const auto&... field) { (visitNext(field), ...); }, fields);
 }
-
-static_assert(visitsEveryKeyInOrder(), "a key is missing from forEachField() or from codingKeyTexts");
-static_assert(sizeOfVisitedFields() == sizeof(StoreApp), "a field is missing from forEachField()");
-
-} // namespace fields_check

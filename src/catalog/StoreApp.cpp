@@ -7,10 +7,31 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <concepts>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Stands for a value of any type.
+struct Anything {
+    template <class Value>
+    operator Value() const; // NOLINT(google-explicit-constructor)
+};
+
+/// Whether an entry takes a value for each of these places.
+template <std::size_t... place>
+constexpr bool hasPlaces(std::index_sequence<place...>)
+{
+    return requires
+    {
+        StoreApp{(static_cast<void>(place), Anything())...};
+    };
+}
+
+static_assert(!hasPlaces(std::make_index_sequence<std::tuple_size_v<decltype(fields)> + 1>()),
+    "a field is missing from the list of fields");
 
 bool same(const QString& one, const QString& other)
 {
@@ -22,7 +43,7 @@ bool same(const QStringList& one, const QStringList& other)
     return std::ranges::equal(one, other, canonicallyEqual);
 }
 
-bool same(qint64 one, qint64 other)
+bool same(std::integral auto one, decltype(one) other)
 {
     return one == other;
 }
@@ -40,7 +61,7 @@ std::size_t hashed(std::size_t seed, const QStringList& texts)
     return seed;
 }
 
-std::size_t hashed(std::size_t seed, qint64 number)
+std::size_t hashed(std::size_t seed, std::integral auto number)
 {
     return qHashMulti(seed, number);
 }

@@ -1,145 +1,13 @@
 #include "pack/checks/CatalogText.h"
 
-#include "catalog/Fields.h"
+#include "catalog/EntryReading.h"
 #include "pack/checks/EntryRules.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QStringDecoder>
-
-#include <algorithm>
-#include <cctype>
+#include <concepts>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString toText(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-/// A member of an entry, or an entry, with the line that it begins in.
-struct MemberLine {
-    QString key;
-    int line;
-};
-struct EntryLines {
-    int line;
-    std::vector<MemberLine> members;
-};
-
-QString unescaped(const QByteArray& literal)
-{
-    return QJsonDocument::fromJson('[' + literal + ']').array().first().toString();
-}
-
-/// Whether the literal is a text in JSON. Qt takes any character behind a backslash for itself, and leaves
-/// control characters and halves of surrogate pairs in place.
-bool isText(const QByteArray& literal)
-{
-    constexpr QByteArrayView escapes("\"\\/bfnrtu");
-    for (qsizetype place = 0; place < literal.size(); ++place) {
-        if (uchar(literal[place]) < 0x20 || (literal[place] == '\\' && !escapes.contains(literal[++place])))
-            return false;
-    }
-    return !literal.contains("\\u") || unescaped(literal).isValidUtf16();
-}
-
-/// The lines of what stands in a list of objects.
-struct Lines {
-    std::vector<EntryLines> entries;
-    /// Of the first text that is none; 0 when all are.
-    int noText = 0;
-};
-
-/// Reads the lines of JSON that Qt has read.
-Lines linesOf(const QByteArray& json)
-{
-    Lines lines;
-    auto& entries = lines.entries;
-    QByteArray literal;
-    int depth = 0;
-    int line = 1;
-    bool entryExpected = false;
-    for (qsizetype place = 0; place < json.size(); ++place) {
-        const char character = json[place];
-        if (entryExpected && !std::isspace(uchar(character)) && character != ']') {
-            entries.push_back({line, {}});
-            entryExpected = false;
-        }
-        switch (character) {
-        case '\n':
-            ++line;
-            break;
-        case '"': {
-            qsizetype end = place + 1;
-            while (json[end] != '"')
-                end += json[end] == '\\' ? 2 : 1;
-            literal = json.sliced(place, end + 1 - place);
-            place = end;
-            if (lines.noText == 0 && !isText(literal))
-                lines.noText = line;
-            break;
-        }
-        case ':':
-            if (depth == 2)
-                entries.back().members.push_back({unescaped(literal), line});
-            break;
-        case '[':
-        case '{':
-            ++depth;
-            entryExpected = depth == 1;
-            break;
-        case ']':
-        case '}':
-            --depth;
-            break;
-        case ',':
-            entryExpected = depth == 1;
-            break;
-        default:
-            break;
-        }
-    }
-    return lines;
-}
-
-/// The first line that is not UTF-8; 0 when all are.
-int lineThatIsNotUtf8(const QByteArray& text)
-{
-    int number = 0;
-    for (const QByteArray& line : text.split('\n')) {
-        ++number;
-        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-        const QString decoded = decoder(line);
-        if (decoder.hasError())
-            return number;
-    }
-    return 0;
-}
-
-bool take(const QJsonValue& value, QString& field)
-{
-    field = value.toString();
-    return value.isString();
-}
-
-bool take(const QJsonValue& value, QStringList& field)
-{
-    const QJsonArray list = value.toArray();
-    for (const QJsonValue item : list)
-        field.append(item.toString());
-    return value.isArray()
-        && std::ranges::all_of(list, [](const QJsonValue& item) { return item.isString(); });
-}
-
-bool take(const QJsonValue& value, qint64& field)
-{
-    field = value.toInteger(-1);
-    return field >= 0;
-}
 
 QString expectedType(const QString&)
 {
@@ -151,46 +19,78 @@ QString expectedType(const QStringList&)
     return u"a list of texts"_s;
 }
 
-QString expectedType(qint64)
+template <std::integral Value>
+QString expectedType(Value)
 {
-    return u"a number of bytes"_s;
+    return std::same_as<Value, bool> ? u"true or false"_s : u"a whole number, not below 0"_s;
 }
 
-EntryText readEntry(const QJsonObject& object, const EntryLines& lines, const QString& file, CatalogKind kind,
-    Findings& findings)
+template <class Value>
+bool isBelowZero(const Value& value)
 {
-    EntryText entry{.line = lines.line};
-    QStringList seen;
-    const QString name = object["name"_L1].toString();
-    for (const auto& [text, line] : lines.members) {
-        const auto key = codingKey(text.toStdString());
-        const Place place{file, line, name};
-        if (!key || !belongsTo(kind, *key))
-            findings.push_back(
-                {Code::KeyUnknown, place, u"the key \"%1\" is not known"_s.arg(text), {}, text});
-        else if (seen.contains(text))
-            findings.push_back(
-                {Code::KeyTwice, place, u"the key \"%1\" stands here twice"_s.arg(text), {}, text});
+    if constexpr (std::signed_integral<Value>)
+        return value < 0;
+    return false;
+}
+
+Finding findingOf(const JsonFault& fault, const QString& file)
+{
+    const Place place{file, fault.line, {}};
+    switch (fault.kind) {
+    case JsonFault::Kind::NotUtf8:
+        return {Code::NotUtf8, place, u"this line is not UTF-8"_s, u"UTF-8"_s, {}};
+    case JsonFault::Kind::Text:
+        return {Code::NotJson, place,
+            u"a text here has no end, a control character, or a backslash before the wrong one"_s, {}, {}};
+    case JsonFault::Kind::Number:
+        return {Code::NotJson, place, u"a number here is not written as JSON wants it"_s, {}, {}};
+    default:
+        return {Code::NotJson, place,
+            u"a comma, a colon, a bracket or a quotation mark is missing here, or stands here wrongly"_s, {},
+            {}};
+    }
+}
+
+/// The keys of an entry that files of this kind have; the others are not known.
+bool isKnown(std::optional<CodingKeys> key, CatalogKind kind)
+{
+    bool isFound = false;
+    forEachField([&](CodingKeys known, auto) { isFound = isFound || key == known; }, kind);
+    return isFound;
+}
+
+EntryText entryText(const EntryReading& entry, const QString& file, CatalogKind kind, Findings& findings)
+{
+    EntryText text{.app = entry.app, .line = entry.line, .keyLines = {}};
+    const auto tell = [&](Code code, int line, const QString& message, const QString& expected = {},
+                          const QString& found = {}) {
+        findings.push_back({code, {file, line, entry.app.name}, message, expected, found});
+    };
+    const auto tellUnknown = [&](const QString& key, int line) {
+        tell(Code::KeyUnknown, line, u"the key \"%1\" is not known"_s.arg(key), {}, key);
+    };
+    for (const auto& [key, line] : entry.oddKeys) {
+        if (isKnown(codingKey(key.toStdString()), kind))
+            tell(Code::KeyTwice, line, u"the key \"%1\" stands here twice"_s.arg(key), {}, key);
         else
-            entry.keyLines.at(std::size_t(*key)) = line;
-        seen.append(text);
+            tellUnknown(key, line);
     }
     forEachField([&](CodingKeys key, auto field) {
-        if (!belongsTo(kind, key))
-            return;
-        const QString text = toText(keyText(key));
-        const Place place = {file, std::max(entry.line, entry.keyLines.at(std::size_t(key))), name};
-        if (!object.contains(text)) {
-            findings.push_back({Code::KeyMissing, place, u"the key \"%1\" is missing"_s.arg(text), text, {}});
-        } else if (!take(object[text], entry.app.*field)) {
+        const auto& [state, line] = entry.at(key);
+        const QString name = QString::fromLatin1(keyText(key).data());
+        if (!isKnown(key, kind)) {
+            if (state != KeyReading::State::Missing)
+                tellUnknown(name, line);
+        } else if (state == KeyReading::State::Missing) {
+            tell(Code::KeyMissing, entry.line, u"the key \"%1\" is missing"_s.arg(name), name);
+        } else if (state != KeyReading::State::Read || isBelowZero(entry.app.*field)) {
             const QString expected = expectedType(entry.app.*field);
-            findings.push_back(
-                {Code::KeyType, place, u"the key \"%1\" must be %2"_s.arg(text, expected), expected, {}});
-            // What is there is not looked at any further.
-            entry.keyLines.at(std::size_t(key)) = 0;
+            tell(Code::KeyType, line, u"the key \"%1\" must be %2"_s.arg(name, expected), expected);
+        } else {
+            text.keyLines.at(std::size_t(key)) = line;
         }
     });
-    return entry;
+    return text;
 }
 
 } // namespace
@@ -204,38 +104,25 @@ Place EntryText::at(const QString& file, CodingKeys key) const
 std::vector<EntryText> readEntries(
     const QByteArray& json, const QString& file, CatalogKind kind, Findings& findings)
 {
-    if (const int line = lineThatIsNotUtf8(json); line > 0) {
-        findings.push_back({Code::NotUtf8, {file, line, {}}, u"this line is not UTF-8"_s, u"UTF-8"_s, {}});
+    const CatalogReading catalog = readEntries({json.data(), std::size_t(json.size())});
+    if (catalog.fault) {
+        findings.push_back(findingOf(*catalog.fault, file));
         return {};
     }
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error != QJsonParseError::NoError) {
-        const auto line = json.first(std::min<qsizetype>(error.offset, json.size())).count('\n') + 1;
-        findings.push_back({Code::NotJson, {file, int(line), {}}, error.errorString(), {}, {}});
-        return {};
-    }
-    if (!document.isArray()) {
+    if (!catalog.isList) {
         findings.push_back(
             {Code::NotJson, {file, 1, {}}, u"it must be a list of entries"_s, u"a list"_s, {}});
         return {};
     }
-
-    const QJsonArray list = document.array();
-    const Lines lines = linesOf(json);
-    if (lines.noText > 0) {
-        findings.push_back({Code::NotJson, {file, lines.noText, {}},
-            u"a text here has a control character, or a backslash before the wrong one"_s, {}, {}});
-        return {};
-    }
     std::vector<EntryText> entries;
-    for (qsizetype index = 0; index < list.size(); ++index) {
-        const EntryLines& entryLines = lines.entries.at(std::size_t(index));
-        if (list[index].isObject())
-            entries.push_back(readEntry(list[index].toObject(), entryLines, file, kind, findings));
+    int position = 0;
+    for (const EntryReading& entry : catalog.entries) {
+        ++position;
+        if (entry.isObject)
+            entries.push_back(entryText(entry, file, kind, findings));
         else
-            findings.push_back({Code::KeyType, {file, entryLines.line, {}},
-                u"entry %1 must be an object"_s.arg(index + 1), u"an object"_s, {}});
+            findings.push_back({Code::KeyType, {file, entry.line, {}},
+                u"entry %1 must be an object"_s.arg(position), u"an object"_s, {}});
     }
     checkEntries(entries, file, findings);
     return entries;

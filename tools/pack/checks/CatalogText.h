@@ -1,7 +1,6 @@
 #pragma once
 
-#include "catalog/CodingKeys.h"
-#include "catalog/StoreApp.h"
+#include "catalog/Fields.h"
 #include "pack/findings/Finding.h"
 
 #include <QByteArray>
@@ -13,7 +12,7 @@ struct EntryText {
     /// Fields that the file does not give are empty.
     StoreApp app{};
     int line = 0;
-    /// The line of each key; 0 where it is missing.
+    /// The line of each key; 0 where it is missing or holds what it must not.
     std::array<int, codingKeyTexts.size()> keyLines{};
 
     /// Where the key stands, or else the entry.

@@ -1,7 +1,6 @@
 #include "pack/checks/EntryRules.h"
 
 #include "catalog/Categories.h"
-#include "catalog/Fields.h"
 
 #include <QMap>
 #include <QRegularExpression>
@@ -11,6 +10,14 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr CodingKeys idKey = *codingKey("id");
+constexpr CodingKeys nameKey = *codingKey("name");
+constexpr CodingKeys categoryKey = *codingKey("category");
+constexpr CodingKeys descriptionKey = *codingKey("description");
+constexpr CodingKeys bundleIdKey = *codingKey("bundleID");
+constexpr CodingKeys minimumKey = *codingKey("minimum");
+constexpr CodingKeys archiveKey = *codingKey("archive");
 
 constexpr qsizetype longestName = 240;
 constexpr std::size_t entriesOfSelfTest = 4;
@@ -39,7 +46,7 @@ void checkText(const QString& text, CodingKeys key, const Place& place, Findings
     if (text.trimmed().isEmpty())
         findings.push_back({Code::TextEmpty, place, u"\"%1\" is empty"_s.arg(name), {}, text});
     const auto control = std::ranges::find_if(text, [key](QChar character) {
-        return isControl(character) && !(key == CodingKeys::description && character == u'\n');
+        return isControl(character) && !(key == descriptionKey && character == u'\n');
     });
     if (control != text.end())
         findings.push_back({Code::TextControl, place,
@@ -81,22 +88,21 @@ void checkEntry(const EntryText& entry, const QString& file, Findings& findings)
             checkField(app.*field, key, entry.at(file, key), findings);
     });
     const auto has = [&](CodingKeys key) { return entry.keyLines.at(std::size_t(key)) > 0; };
-    for (const auto& [key, text] :
-        {std::pair(CodingKeys::name, app.name), {CodingKeys::archive, app.archive}}) {
+    for (const auto& [key, text] : {std::pair(nameKey, app.name), {archiveKey, app.archive}}) {
         if (has(key) && !canBeFileName(text))
             findings.push_back({Code::NameNotFile, entry.at(file, key),
                 u"\"%1\" cannot be the name of a file"_s.arg(text), {}, text});
     }
-    if (has(CodingKeys::archive) && !app.archive.endsWith(".zip"_L1))
-        findings.push_back({Code::ArchiveNotZip, entry.at(file, CodingKeys::archive),
+    if (has(archiveKey) && !app.archive.endsWith(".zip"_L1))
+        findings.push_back({Code::ArchiveNotZip, entry.at(file, archiveKey),
             u"\"%1\" does not end with .zip"_s.arg(app.archive), u".zip"_s, app.archive});
-    if (has(CodingKeys::category) && std::ranges::find(categoryTitles, app.category) == categoryTitles.end())
-        findings.push_back({Code::CategoryUnknown, entry.at(file, CodingKeys::category),
+    if (has(categoryKey) && std::ranges::find(categoryTitles, app.category) == categoryTitles.end())
+        findings.push_back({Code::CategoryUnknown, entry.at(file, categoryKey),
             u"«%1» is no section of the window (%2)"_s.arg(app.category, categoryList()), categoryList(),
             app.category});
     static const QRegularExpression numbers(u"^[0-9]+(\\.[0-9]+)*$"_s, QRegularExpression::DontCaptureOption);
-    if (has(CodingKeys::minimum) && !numbers.match(app.minimum).hasMatch())
-        findings.push_back({Code::MinimumForm, entry.at(file, CodingKeys::minimum),
+    if (has(minimumKey) && !numbers.match(app.minimum).hasMatch())
+        findings.push_back({Code::MinimumForm, entry.at(file, minimumKey),
             u"\"%1\" is no version such as 13 or 10.15"_s.arg(app.minimum), u"13"_s, app.minimum});
 }
 
@@ -146,15 +152,13 @@ void checkEntries(const std::vector<EntryText>& entries, const QString& file, Fi
 {
     for (const EntryText& entry : entries)
         checkEntry(entry, file, findings);
-    checkShared(entries, file, CodingKeys::id, &StoreApp::id, Code::IdShared, asIs, findings);
-    checkShared(entries, file, CodingKeys::name, &StoreApp::name, Code::NameShared, foldedName, findings);
-    checkShared(
-        entries, file, CodingKeys::bundleID, &StoreApp::bundleID, Code::BundleIdShared, asIs, findings);
-    checkShared(
-        entries, file, CodingKeys::archive, &StoreApp::archive, Code::ArchiveShared, foldedName, findings);
+    checkShared(entries, file, idKey, &StoreApp::id, Code::IdShared, asIs, findings);
+    checkShared(entries, file, nameKey, &StoreApp::name, Code::NameShared, foldedName, findings);
+    checkShared(entries, file, bundleIdKey, &StoreApp::bundleID, Code::BundleIdShared, asIs, findings);
+    checkShared(entries, file, archiveKey, &StoreApp::archive, Code::ArchiveShared, foldedName, findings);
 
     if (!entries.empty() && entries.front().app.name != "Brisko"_L1)
-        findings.push_back({Code::FirstNotBrisko, entries.front().at(file, CodingKeys::name),
+        findings.push_back({Code::FirstNotBrisko, entries.front().at(file, nameKey),
             u"the first entry is featured, and its card always speaks of «Brisko»"_s, u"Brisko"_s,
             entries.front().app.name});
     if (entries.size() != entriesOfSelfTest)
