@@ -2,8 +2,9 @@
 
 #include "catalog/JsonText.h"
 
-#include <algorithm>
 #include <concepts>
+#include <cstdint>
+#include <utility>
 
 namespace ondemand = simdjson::ondemand;
 

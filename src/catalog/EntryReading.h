@@ -3,8 +3,8 @@
 #include "catalog/Fields.h"
 #include "catalog/JsonFault.h"
 
-#include <QString>
-
+#include <array>
+#include <optional>
 #include <vector>
 
 /// What stands at a key of an entry.
