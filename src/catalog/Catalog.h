@@ -4,13 +4,13 @@
 #include "platform/Failure.h"
 
 #include <QByteArray>
+#include <QList>
 
 #include <cstddef>
 #include <span>
-#include <vector>
 
-/// The entries in the order of the catalog file.
-using Catalog = std::vector<StoreApp>;
+/// The entries in the order of the catalog file. A copy shares them.
+using Catalog = QList<StoreApp>;
 
 /// The domain of the failures below; their codes are `CatalogError`.
 inline constexpr QLatin1StringView catalogDomain("Catalog");

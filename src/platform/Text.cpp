@@ -6,7 +6,6 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 #include <unicode/unorm.h>
-#include <unicode/utf16.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -52,27 +51,15 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
 }
 
-/// As `text.find(part, from)`, which looks at one unit at a time where Qt looks at many.
-std::size_t positionOf(std::u16string_view part, std::u16string_view text, std::size_t from)
+/// Whether no character with its marks is cut in two here.
+bool isBetweenCharacters(QStringView text, qsizetype place)
 {
-    const QStringView units(text.data(), qsizetype(text.size()));
-    for (qsizetype at = units.indexOf(QChar(part[0]), qsizetype(from)); at >= 0;
-         at = units.indexOf(QChar(part[0]), at + 1)) {
-        if (text.substr(std::size_t(at)).starts_with(part))
-            return std::size_t(at);
-    }
-    return std::u16string_view::npos;
-}
-
-/// Most characters are told at a glance: no mark lies below U+0300 or among the letters of Cyrillic.
-bool isMarkAt(std::u16string_view text, std::size_t position)
-{
-    const char16_t unit = text[position];
-    if (unit < 0x0300 || (unit >= 0x0400 && unit < 0x0483))
-        return false;
-    UChar32 character = 0;
-    U16_GET(text, 0, position, text.size(), character);
-    return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
+    if (place == 0 || place == text.size())
+        return true;
+    const QStringView rest = text.sliced(place);
+    return rest.front().isHighSurrogate() && rest.size() > 1
+        ? !QChar::isMark(QChar::surrogateToUcs4(rest[0], rest[1]))
+        : !rest.front().isMark();
 }
 
 } // namespace
@@ -115,30 +102,14 @@ SearchText::SearchText(QStringView text, LetterCase letterCase)
     icu::UnicodeString folded = composed(aliasOf(text));
     folded.foldCase(letterCase == LetterCase::Turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT);
     folded = composed(folded);
-    m_folded.assign(folded.getBuffer(), static_cast<std::size_t>(folded.length()));
-}
-
-void SearchText::prefetch() const
-{
-    constexpr std::size_t cacheLine = 64 / sizeof(char16_t);
-    for (std::size_t at = 0; at < std::min(m_folded.size(), 2 * cacheLine); at += cacheLine)
-        __builtin_prefetch(&m_folded[at]);
+    m_folded = viewOf(folded).toString();
 }
 
 bool SearchText::contains(const SearchText& part) const
 {
-    const std::u16string_view text = m_folded;
-    const std::u16string_view sought = part.m_folded;
-    if (sought.empty())
-        return true;
-
-    const bool beginsWithMark = isMarkAt(sought, 0);
-    for (auto at = positionOf(sought, text, 0); at != std::u16string_view::npos;
-         at = positionOf(sought, text, at + 1)) {
-        const std::size_t end = at + sought.size();
-        const bool splitsFirst = beginsWithMark && at > 0;
-        const bool splitsLast = end < text.size() && isMarkAt(text, end);
-        if (!splitsFirst && !splitsLast)
+    const QString& sought = part.m_folded;
+    for (qsizetype at = m_folded.indexOf(sought); at >= 0; at = m_folded.indexOf(sought, at + 1)) {
+        if (isBetweenCharacters(m_folded, at) && isBetweenCharacters(m_folded, at + sought.size()))
             return true;
     }
     return false;

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <set>
-#include <string>
 
 /// Whether two texts are the same under canonical equivalence (Unicode Standard Annex #15): composed and
 /// decomposed «й» are. Any thread.
@@ -41,9 +40,7 @@ public:
     /// Whether `part` occurs here, beginning and ending between whole characters: «и» does not occur in «й»,
     /// however it is spelled. An empty part occurs everywhere.
     bool contains(const SearchText& part) const;
-    /// Lets the processor fetch the beginning, where many searches end, while it searches another text.
-    void prefetch() const;
 
 private:
-    std::u16string m_folded;
+    QString m_folded;
 };

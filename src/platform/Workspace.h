@@ -3,8 +3,6 @@
 #include "platform/Failure.h"
 #include "platform/Path.h"
 
-#include <QSet>
-
 #include <functional>
 #include <optional>
 
@@ -19,9 +17,6 @@ public:
 
     /// Where the system knows an application with this identifier, whatever its name, as of now.
     virtual std::optional<Path> urlForApplication(const QString& bundleID) = 0;
-    /// One look that spares asking for each of many applications: the identifiers, as of now, of all that lie
-    /// in /Applications and ~/Applications or that urlForApplication() would find, and perhaps more.
-    virtual QSet<QString> knownIdentifiers() = 0;
     /// Opens the application at `place`: a bundle, or a desktop entry. `done` is called once, on any thread,
     /// at the latest while the workspace is destroyed: what it uses lives until then.
     virtual void openApplication(const Path& place, std::function<void(Result<void>)> done) = 0;

@@ -5,22 +5,7 @@
 
 #include <QPointer>
 
-#include <unordered_set>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-std::vector<SearchText> foldedTexts(const Catalog& apps, LetterCase letterCase)
-{
-    std::vector<SearchText> texts;
-    texts.reserve(apps.size());
-    for (const StoreApp& app : apps)
-        texts.emplace_back(app.searchText(), letterCase);
-    return texts;
-}
-
-} // namespace
 
 Store::Store()
 {
@@ -33,32 +18,12 @@ Store::Store()
 
 const std::vector<SearchText>& Store::searchTexts() const
 {
-    if (m_comingSearchTexts.valid())
-        m_searchTexts = m_comingSearchTexts.get();
-    else if (m_searchTexts.empty())
-        m_searchTexts = foldedTexts(*apps, userLetterCase());
-    return m_searchTexts;
-}
-
-void Store::prepareSearch()
-{
-    if (m_searchTexts.empty() && !m_comingSearchTexts.valid())
-        m_comingSearchTexts = std::async(
-            std::launch::async | std::launch::deferred, foldedTexts, std::cref(*apps), userLetterCase());
-}
-
-const TextSet& Store::repeatedIds() const
-{
-    if (!m_repeatedIds) {
-        m_repeatedIds.emplace();
-        std::unordered_set<QStringView, decltype(&canonicalHash), decltype(&canonicallyEqual)> seen(
-            apps->size(), canonicalHash, canonicallyEqual);
-        for (const StoreApp& app : *apps) {
-            if (!seen.insert(app.id).second)
-                m_repeatedIds->insert(app.id);
-        }
+    if (m_searchTexts.empty()) {
+        const LetterCase letterCase = userLetterCase();
+        for (const StoreApp& app : *apps)
+            m_searchTexts.emplace_back(app.searchText(), letterCase);
     }
-    return *m_repeatedIds;
+    return m_searchTexts;
 }
 
 void Store::launch(StoreApp app)

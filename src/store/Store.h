@@ -4,7 +4,7 @@
 #include "platform/Text.h"
 #include "store/Published.h"
 
-#include <future>
+#include <vector>
 
 /// The state behind the window, and what a user does with it. There is one; only the main thread touches it.
 class Store final : public ObservableObject {
@@ -25,14 +25,9 @@ public:
     /// Written to make every page look at the machine again; its value says nothing.
     Published<qint64> revision{*this, 0};
 
-    /// What a search looks in, in the order of `apps`. Made at the first call, unless `prepareSearch` has:
-    /// folding every text is too dear for the start.
+    /// What a search looks in, in the order of `apps`. Made at the first call: folding every text is too dear
+    /// for the start.
     const std::vector<SearchText>& searchTexts() const;
-    /// Begins to make the search texts in a thread of their own, because a search is likely: for a keystroke
-    /// too folding a large catalog is too dear.
-    void prepareSearch();
-    /// The ids that several entries have. Found at the first call, which reads all ids.
-    const TextSet& repeatedIds() const;
 
     /// Opens the installed application, or saves the archive of one that is not installed. A failure to open
     /// becomes the message, later.
@@ -55,8 +50,5 @@ private:
     void finishSaving(const StoreApp& app, const Path& destination, const Result<void>& outcome);
 
     mutable std::vector<SearchText> m_searchTexts;
-    mutable std::optional<TextSet> m_repeatedIds;
     int m_openings = 0;
-    // Destroyed first, which waits for the thread: it reads `apps`.
-    mutable std::future<std::vector<SearchText>> m_comingSearchTexts;
 };

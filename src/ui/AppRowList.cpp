@@ -8,7 +8,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace {
@@ -24,54 +23,47 @@ AppRowList::AppRowList(Requests& requests, QWidget* parent) : QWidget(parent), m
     setContentsMargins(Style::bleed, Style::bleed, Style::bleed, Style::bleed);
 }
 
-/// From the top of a row to that of the next, with a divider between them.
-int AppRowList::pitch() const
+void AppRowList::placeRows()
 {
-    return m_rowHeight - 2 * Style::bleed + 2 * Look::pageSpacing + Style::hairline;
-}
-
-/// The list may end below the last row: then that of the row that would follow.
-int AppRowList::top(std::size_t position) const
-{
-    const auto missing =
-        std::ranges::lower_bound(m_list.withoutDivider, position) - m_list.withoutDivider.begin();
-    return int(position) * pitch() - int(missing) * (Look::pageSpacing + Style::hairline);
+    m_tops.clear();
+    int top = 0;
+    for (std::size_t position = 0; position < m_list.apps.size(); ++position) {
+        m_tops.push_back(top);
+        const int divider = m_list.hasDivider(position) ? Look::pageSpacing + Style::hairline : 0;
+        top += m_rowHeight - 2 * Style::bleed + Look::pageSpacing + divider;
+    }
 }
 
 /// The last row that begins at or above `y`; the first one where none does.
 std::size_t AppRowList::positionAt(int y) const
 {
-    std::size_t position = 0;
-    std::size_t end = std::max<std::size_t>(m_list.count(), 1);
-    while (position + 1 < end) {
-        const std::size_t middle = std::midpoint(position, end);
-        (top(middle) <= y ? position : end) = middle;
-    }
-    return position;
+    const auto next = std::ranges::upper_bound(m_tops, y);
+    return std::size_t(std::max<std::ptrdiff_t>(next - m_tops.begin(), 1) - 1);
 }
 
 QSize AppRowList::sizeHint() const
 {
-    return {0, m_list.count() == 0 ? 0 : top(m_list.count() - 1) + m_rowHeight};
+    return {0, m_tops.empty() ? 0 : m_tops.back() + m_rowHeight};
 }
 
 void AppRowList::present(const AppList& list)
 {
     const bool isSame = std::exchange(m_list, list) == list;
-    if (m_list.count() > 0) {
-        for (const auto& [app, row] : m_rows)
-            row->present(appRow(*app, *m_list.store));
+    if (list.apps.size() > 0) {
+        for (const auto& [place, row] : m_rows)
+            row->present(appRow(list.apps.catalog.at(place), list.busy));
     }
-    if (m_rowHeight == 0 && m_list.count() > 0) {
+    if (m_rowHeight == 0 && list.apps.size() > 0) {
         AppRow* const row = takeRow();
-        row->present(m_list.row(0));
+        row->present(appRow(list.apps[0], list.busy));
         m_rowHeight = row->sizeHint().height();
         m_spare.push_back(row);
     }
-    arrange();
     // The window is presented anew whenever it comes to the front, and then mostly as it was.
     if (isSame)
         return;
+    placeRows();
+    arrange();
     updateGeometry();
     update();
 }
@@ -100,15 +92,16 @@ AppRowList::Rows AppRowList::rowsToKeep(std::size_t first, std::size_t end)
 {
     Rows kept;
     for (std::size_t position = first; position < end; ++position) {
-        if (auto node = m_rows.extract(m_list.apps[position]))
+        if (auto node = m_rows.extract(m_list.apps.places[position]))
             kept.insert(std::move(node));
     }
-    for (const auto& [app, row] : m_rows) {
-        const auto place =
-            row->isAncestorOf(focusWidget()) ? std::ranges::find(m_list.apps, app) : m_list.apps.end();
-        if (place != m_list.apps.end()) {
-            row->move(0, top(std::size_t(place - m_list.apps.begin())));
-            kept.emplace(app, row);
+    const auto& places = m_list.apps.places;
+    for (const auto& [place, row] : m_rows) {
+        const auto position =
+            row->isAncestorOf(focusWidget()) ? std::ranges::find(places, place) : places.end();
+        if (position != places.end()) {
+            row->move(0, m_tops[std::size_t(position - places.begin())]);
+            kept.emplace(place, row);
         } else {
             // Else Qt hands the focus on, from the last row to the search field.
             if (QWidget* const focused = window()->focusWidget(); row->isAncestorOf(focused))
@@ -122,19 +115,19 @@ AppRowList::Rows AppRowList::rowsToKeep(std::size_t first, std::size_t end)
 
 void AppRowList::arrange()
 {
-    const std::size_t count = m_rowHeight > 0 ? m_list.count() : 0;
+    const std::size_t count = m_list.apps.size();
     const std::size_t first = positionAt(m_viewTop) - std::min(positionAt(m_viewTop), rowsAround);
     const std::size_t end = std::min(count, positionAt(m_viewBottom) + 1 + rowsAround);
 
     m_rows = rowsToKeep(first, end);
     QWidget* before = this;
     for (std::size_t position = first; position < end; ++position) {
-        auto& row = m_rows[m_list.apps[position]];
+        auto& row = m_rows[m_list.apps.places[position]];
         if (!row) {
             row = takeRow();
-            row->present(m_list.row(position));
+            row->present(appRow(m_list.apps[position], m_list.busy));
         }
-        row->setGeometry(0, top(position), width(), m_rowHeight);
+        row->setGeometry(0, m_tops[position], width(), m_rowHeight);
         for (QWidget* stop : row->tabStops()) {
             setTabOrder(before, stop);
             before = stop;
@@ -148,7 +141,7 @@ void AppRowList::arrange()
 void AppRowList::showInOrder()
 {
     QWidget* next = nullptr;
-    for (const auto& [app, row] : m_rows) {
+    for (const auto& [place, row] : m_rows) {
         if (row->isHidden()) {
             next ? row->stackUnder(next) : row->raise();
             row->show();
@@ -168,10 +161,11 @@ void AppRowList::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const QRect column = contentsRect();
-    for (std::size_t position = positionAt(event->rect().top() - pitch());
-         position + 1 < m_list.count() && top(position) < event->rect().bottom(); ++position) {
-        const int y = top(position) + m_rowHeight - Style::bleed + Look::pageSpacing;
-        if (!std::ranges::binary_search(m_list.withoutDivider, position))
-            painter.fillRect(column.left(), y, column.width(), Style::hairline, Style::divider());
+    const int beforeNext = Look::pageSpacing + Style::hairline - Style::bleed;
+    for (std::size_t position = positionAt(event->rect().top() - m_rowHeight - beforeNext);
+         position < m_list.apps.size() && m_tops[position] < event->rect().bottom(); ++position) {
+        if (m_list.hasDivider(position))
+            painter.fillRect(column.left(), m_tops[position] + m_rowHeight - Style::bleed + Look::pageSpacing,
+                column.width(), Style::hairline, Style::divider());
     }
 }

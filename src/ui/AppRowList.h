@@ -35,21 +35,22 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The last one first: the entries lie in the store's catalog, whose order every list has.
-    using Rows = std::map<const StoreApp*, AppRow*, std::greater<>>;
+    /// By the entry's place in the catalog, whose order every list has; the last one first.
+    using Rows = std::map<qsizetype, AppRow*, std::greater<>>;
 
     void arrange();
     void showInOrder();
     Rows rowsToKeep(std::size_t first, std::size_t end);
     AppRow* takeRow();
-    int pitch() const;
-    int top(std::size_t position) const;
+    void placeRows();
     std::size_t positionAt(int y) const;
 
     Requests& m_requests;
     AppList m_list;
     /// With the margins in which the halo of a button is drawn.
     int m_rowHeight = 0;
+    /// Where each row begins.
+    std::vector<int> m_tops;
     int m_viewTop = 0;
     int m_viewBottom = 0;
     Rows m_rows;

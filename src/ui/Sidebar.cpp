@@ -36,8 +36,6 @@ Sidebar::Sidebar(Requests& requests, QWidget* parent)
     setMinimumWidth(Look::sidebarMinWidth);
     setMaximumWidth(Look::sidebarMaxWidth);
 
-    connect(m_search, &SearchField::focused, this,
-        [&requests] { Q_EMIT requests.sent(request::PrepareSearch()); });
     // Not only typing edits: assistive technology sets the text as a program does.
     connect(m_search, &QLineEdit::textChanged, this,
         [&requests](const QString& text) { Q_EMIT requests.sent(request::Search{text}); });

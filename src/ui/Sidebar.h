@@ -35,7 +35,7 @@ private:
     Path m_brandFile;
     TextLabel* m_brandName;
     SearchField* m_search;
-    std::array<SectionButton*, 7> m_sections{};
+    std::array<SectionButton*, sectionCount> m_sections{};
     TextLabel* m_maker;
     TextLabel* m_makerNote;
 };

@@ -99,11 +99,6 @@ void StoreView::doWhat(const request::ChooseSection& asked)
     m_catalog->verticalScrollBar()->setValue(0);
 }
 
-void StoreView::doWhat(const request::PrepareSearch&)
-{
-    m_store.prepareSearch();
-}
-
 void StoreView::doWhat(const request::Search& asked)
 {
     m_view.search = asked.text;

@@ -38,7 +38,6 @@ private:
     QWidget* titleBar();
     DetailPageView& detailPage();
     void doWhat(const request::ChooseSection& asked);
-    void doWhat(const request::PrepareSearch& asked);
     void doWhat(const request::Search& asked);
     void doWhat(const request::Open& asked);
     void doWhat(const request::GoBack& asked);

@@ -63,16 +63,6 @@ std::optional<Path> FakePlatform::FakeWorkspace::urlForApplication(const QString
     return lookUp(registry, bundleID);
 }
 
-QSet<QString> FakePlatform::FakeWorkspace::knownIdentifiers()
-{
-    QSet<QString> identifiers;
-    for (const auto& [place, identifier] : m_bundles.installed)
-        identifiers.insert(identifier);
-    for (const auto& [identifier, place] : registry)
-        identifiers.insert(identifier);
-    return identifiers;
-}
-
 void FakePlatform::FakeWorkspace::openApplication(const Path& place, std::function<void(Result<void>)> done)
 {
     opened.push_back(place);

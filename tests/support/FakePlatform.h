@@ -48,7 +48,6 @@ public:
         explicit FakeWorkspace(const FakeBundles& bundles) : m_bundles(bundles) { }
 
         std::optional<Path> urlForApplication(const QString& bundleID) override;
-        QSet<QString> knownIdentifiers() override;
         void openApplication(const Path& place, std::function<void(Result<void>)> done) override;
         void openURL(const QString& address) override { addresses.append(address); }
         void reveal(const Path& file) override { revealed.push_back(file); }

@@ -143,11 +143,11 @@ TEST_F(MeasuresTest, ThePagesStandAsPromised)
     EXPECT_EQ(below(card, text(u"Твоя"_s)), 22);
 
     const QRect icon = pressable(u"Подробнее о Brisko"_s);
-    const QRect words = pressable(appRow(brisko, store()).textAccessibleName);
+    const QRect words = pressable(appRow(brisko, *store().busy).textAccessibleName);
     EXPECT_EQ(below(text(u"Твоя"_s), words), 22);
     EXPECT_EQ(icon.size(), QSize(64, 64));
     EXPECT_EQ(beside(icon, words), 17);
-    const QRect next = pressable(appRow(kadrilo, store()).textAccessibleName);
+    const QRect next = pressable(appRow(kadrilo, *store().busy).textAccessibleName);
     EXPECT_EQ(below(words, next), 2 * 22 + 1);
     EXPECT_EQ(below(text(brisko.subtitle), text(brisko.category + u" · "_s)), 5);
     const QRect primary = pressable(u"Загрузить"_s);

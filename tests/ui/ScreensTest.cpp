@@ -34,8 +34,8 @@ QStringList textsOf(const CatalogPage& page)
         texts << empty->title << empty->description;
     if (const auto* const list = std::get_if<AppList>(&page.body)) {
         texts += list->title ? QStringList{*list->title} : QStringList();
-        for (std::size_t position = 0; position < list->count(); ++position)
-            texts += textsOf(list->row(position));
+        for (std::size_t position = 0; position < list->apps.size(); ++position)
+            texts += textsOf(appRow(list->apps[position], list->busy));
     }
     return page.footer ? texts << *page.footer : texts;
 }

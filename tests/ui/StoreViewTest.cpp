@@ -95,18 +95,6 @@ TEST_F(StoreViewTest, TheTitleFollowsThePageAndOnlyEscapeInItsFieldEmptiesASearc
     EXPECT_EQ(search->text(), QString()) << "choosing the section again empties the search";
 }
 
-TEST_F(StoreViewTest, ASearchIsPreparedWhenItsFieldGetsTheFocus)
-{
-    Requests requests;
-    const Sidebar sidebar(requests);
-    std::vector<Request> sent;
-    QObject::connect(
-        &requests, &Requests::sent, [&sent](const Request& request) { sent.push_back(request); });
-    QFocusEvent focus(QEvent::FocusIn);
-    QApplication::sendEvent(sidebar.findChild<QLineEdit*>(), &focus);
-    EXPECT_THAT(sent, ElementsAre(request::PrepareSearch()));
-}
-
 TEST_F(StoreViewTest, EveryWayBackLeavesAnEntrysPage)
 {
     Catalog apps = many(100);

@@ -7,6 +7,7 @@
 #include "ui/StoreView.h"
 #include "ui/kit/MessageSheet.h"
 #include "ui/kit/Style.h"
+#include "ui/model/WindowContent.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -116,8 +117,6 @@ void StoreWindow::showAbout()
 {
     if (!m_about)
         m_about = new MessageSheet(this);
-    m_about->present(u"PloviStore"_s,
-        u"Магазин приложений Orbanel, версия %1. Установочные архивы уже внутри, сеть не нужна."_s.arg(
-            QApplication::applicationVersion()),
-        u"Понятно"_s, m_menuBar->wasOpenedByKeyboard());
+    const Message message = about(QApplication::applicationVersion());
+    m_about->present(message.title, message.text, message.button, m_menuBar->wasOpenedByKeyboard());
 }

@@ -44,12 +44,6 @@ std::optional<Path> ApplicationFolder::bundleWithIdentifier(const QString& ident
     return found == m_bundles.cend() ? std::nullopt : std::optional(*found);
 }
 
-QList<QString> ApplicationFolder::identifiers()
-{
-    refresh();
-    return m_bundles.keys();
-}
-
 void ApplicationFolder::refresh()
 {
     const bool hasChanged = m_watch.takeChange();

@@ -18,8 +18,6 @@ public:
     /// The bundle with this identifier. If there are several: the one that lies directly in the folder, then
     /// the first by its path.
     std::optional<Path> bundleWithIdentifier(const QString& identifier);
-    /// The identifiers of all bundles.
-    QList<QString> identifiers();
 
 private:
     void refresh();

@@ -39,22 +39,3 @@ std::optional<Path> ApplicationRegistry::applicationWithIdentifier(const QString
     }
     return desktopEntry(identifier);
 }
-
-QSet<QString> ApplicationRegistry::identifiers()
-{
-    QSet<QString> all;
-    for (ApplicationFolder& folder : m_folders) {
-        for (const QString& identifier : folder.identifiers())
-            all.insert(identifier);
-    }
-    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation)) {
-        std::error_code error;
-        for (std::filesystem::directory_iterator entry(toPath(folder), error), end; !error && entry != end;
-             entry.increment(error)) {
-            const QString name = toText(entry->path().filename());
-            if (name.endsWith(entryEnding))
-                all.insert(name.chopped(entryEnding.size()));
-        }
-    }
-    return all;
-}

@@ -2,8 +2,6 @@
 
 #include "platform/desktop/ApplicationFolder.h"
 
-#include <QSet>
-
 #include <list>
 
 /// Where the applications of this machine lie: bundles in the given folders or one folder below, whatever
@@ -15,8 +13,6 @@ public:
 
     /// The bundle, or the desktop entry's file, as of now. The first look reads all bundles.
     std::optional<Path> applicationWithIdentifier(const QString& identifier);
-    /// All identifiers that an application may be found for, as of now.
-    QSet<QString> identifiers();
 
 private:
     std::list<ApplicationFolder> m_folders;

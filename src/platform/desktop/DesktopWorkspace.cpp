@@ -35,11 +35,6 @@ std::optional<Path> DesktopWorkspace::urlForApplication(const QString& bundleID)
     return m_registry.applicationWithIdentifier(bundleID);
 }
 
-QSet<QString> DesktopWorkspace::knownIdentifiers()
-{
-    return m_registry.identifiers();
-}
-
 void DesktopWorkspace::openApplication(const Path& place, std::function<void(Result<void>)> done)
 {
     m_openings.start([place, report = std::move(done)]() noexcept {

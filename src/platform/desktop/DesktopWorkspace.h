@@ -13,7 +13,6 @@ public:
     DesktopWorkspace();
 
     std::optional<Path> urlForApplication(const QString& bundleID) override;
-    QSet<QString> knownIdentifiers() override;
     void openApplication(const Path& place, std::function<void(Result<void>)> done) override;
     void openURL(const QString& address) override;
     void reveal(const Path& file) override;

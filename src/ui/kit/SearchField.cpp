@@ -77,12 +77,6 @@ QSize SearchField::minimumSizeHint() const
     return {QLineEdit::minimumSizeHint().width(), Style::fieldHeight};
 }
 
-void SearchField::focusInEvent(QFocusEvent* event)
-{
-    QLineEdit::focusInEvent(event);
-    Q_EMIT focused();
-}
-
 void SearchField::mousePressEvent(QMouseEvent* event)
 {
     // The mouse's back button means the page, wherever it is pressed.

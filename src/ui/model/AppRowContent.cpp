@@ -2,18 +2,18 @@
 
 using namespace Qt::StringLiterals;
 
-ActionButtonsContent actionButtons(const StoreApp& app, const Store& store)
+ActionButtonsContent actionButtons(const StoreApp& app, const TextSet& busy)
 {
     return {
         .app = app,
         .primaryTitle = app.installedURL() ? u"Открыть"_s : u"Загрузить"_s,
-        .busy = store.busy->contains(app.id),
+        .busy = busy.contains(app.id),
         .saveToolTip = u"Скачать "_s + app.archive,
         .saveAccessibleName = u"Скачать "_s + app.name + u" в ZIP"_s,
     };
 }
 
-AppRowContent appRow(const StoreApp& app, const Store& store)
+AppRowContent appRow(const StoreApp& app, const TextSet& busy)
 {
     const QString meta = app.category + u" · "_s + app.version + u" · "_s + app.size();
     return {
@@ -23,6 +23,6 @@ AppRowContent appRow(const StoreApp& app, const Store& store)
         .subtitle = app.subtitle,
         .meta = meta,
         .textAccessibleName = QStringList{app.name, app.subtitle, meta}.join(u", "_s),
-        .actions = actionButtons(app, store),
+        .actions = actionButtons(app, busy),
     };
 }

@@ -15,8 +15,9 @@ struct ActionButtonsContent {
     bool operator==(const ActionButtonsContent&) const = default;
 };
 
-/// What the buttons of this entry show as of now; looks whether it is installed. Main thread.
-ActionButtonsContent actionButtons(const StoreApp& app, const Store& store);
+/// What the buttons of this entry show while entries with these ids are being saved; looks whether it is
+/// installed now. Main thread.
+ActionButtonsContent actionButtons(const StoreApp& app, const TextSet& busy);
 
 /// What a row of a list shows of an entry.
 struct AppRowContent {
@@ -32,5 +33,5 @@ struct AppRowContent {
     bool operator==(const AppRowContent&) const = default;
 };
 
-/// The row of this entry as of now; looks whether it is installed. Main thread.
-AppRowContent appRow(const StoreApp& app, const Store& store);
+/// The row of this entry, likewise.
+AppRowContent appRow(const StoreApp& app, const TextSet& busy);

@@ -51,23 +51,12 @@ EmptyState emptyState(const ViewState& view)
     };
 }
 
-AppList appList(const ViewState& view, const Store& store, std::vector<const StoreApp*> shown)
-{
-    AppList list{.title = {}, .apps = std::move(shown), .withoutDivider = {}, .store = &store};
-    if (view.isOverview())
-        list.title = u"Твоя коллекция"_s;
-    const QString& last = list.apps.back()->id;
-    // To read the ids of all entries would be most of the work of a rebuild.
-    if (!store.repeatedIds().contains(last))
-        return list;
-    for (std::size_t position = 0; position + 1 < list.count(); ++position) {
-        if (canonicallyEqual(list.apps[position]->id, last))
-            list.withoutDivider.push_back(position);
-    }
-    return list;
-}
-
 } // namespace
+
+bool AppList::hasDivider(std::size_t position) const
+{
+    return !canonicallyEqual(apps[position].id, apps[apps.size() - 1].id);
+}
 
 CatalogPage catalog(const ViewState& view, const Store& store)
 {
@@ -76,8 +65,10 @@ CatalogPage catalog(const ViewState& view, const Store& store)
     CatalogPage page{.header = header(view), .featured = {}, .body = emptyState(view), .footer = {}};
     if (overview && !store.apps->empty())
         page.featured = featured(store.apps->front());
-    if (auto shown = filtered(view, store); !shown.empty())
-        page.body = appList(view, store, std::move(shown));
+    if (auto shown = filtered(view, store); shown.size() > 0)
+        page.body = AppList{.title = overview ? std::optional(u"Твоя коллекция"_s) : std::nullopt,
+            .apps = std::move(shown),
+            .busy = *store.busy};
     if (overview)
         page.footer = u"Установочные архивы уже внутри. Интернет и регистрация не нужны."_s;
     return page;

@@ -37,20 +37,16 @@ struct EmptyState {
     bool operator==(const EmptyState&) const = default;
 };
 
-/// The rows of a page. A row is computed when it is asked for, so that a list costs little however long it
-/// is. Valid until the store changes.
+/// The rows of a page. Each is made by `appRow` when it comes near the view, so that a list costs little
+/// however long it is.
 struct AppList {
     std::optional<QString> title;
-    /// They lie in the store's catalog.
-    std::vector<const StoreApp*> apps;
-    /// The positions in ascending order, but for the last one, after which no divider stands: those of
-    /// entries with the id of the last one.
-    std::vector<std::size_t> withoutDivider;
-    const Store* store = nullptr;
+    Selection apps;
+    /// Ids of entries whose save runs.
+    TextSet busy;
 
-    std::size_t count() const { return apps.size(); }
-    /// The row at this position as of now.
-    AppRowContent row(std::size_t position) const { return appRow(*apps.at(position), *store); }
+    /// Whether a divider follows the row at this position: not after those with the id of the last one.
+    bool hasDivider(std::size_t position) const;
 
     bool operator==(const AppList&) const = default;
 };

@@ -23,7 +23,7 @@ DetailPage detail(const StoreApp& app, const Store& store)
         .name = app.name,
         .subtitle = app.subtitle,
         .author = u"Orbanel"_s,
-        .actions = actionButtons(app, store),
+        .actions = actionButtons(app, *store.busy),
         .facts =
             {
                 fact(u"ВЕРСИЯ"_s, app.version),

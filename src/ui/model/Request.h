@@ -12,10 +12,6 @@ struct ChooseSection {
 
     bool operator==(const ChooseSection&) const = default;
 };
-/// The search field has the focus: a search may follow.
-struct PrepareSearch {
-    bool operator==(const PrepareSearch&) const = default;
-};
 /// The search field holds this text now.
 struct Search {
     QString text;
@@ -54,5 +50,5 @@ struct Dismiss {
 
 } // namespace request
 
-using Request = std::variant<request::ChooseSection, request::PrepareSearch, request::Search, request::Open,
-    request::GoBack, request::Launch, request::Save, request::Refresh, request::Dismiss>;
+using Request = std::variant<request::ChooseSection, request::Search, request::Open, request::GoBack,
+    request::Launch, request::Save, request::Refresh, request::Dismiss>;

@@ -4,9 +4,9 @@
 
 using namespace Qt::StringLiterals;
 
-const std::array<Section, 7>& sections()
+const std::array<Section, sectionCount>& sections()
 {
-    static const std::array<Section, 7> list{{
+    static const std::array<Section, sectionCount> list{{
         {section_title::overview.toString(), u"sparkles"_s},
         {section_title::allApplications.toString(), u"square.grid.2x2"_s},
         {categoryTitles[0].toString(), u"wrench.and.screwdriver"_s},

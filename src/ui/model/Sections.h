@@ -24,5 +24,7 @@ inline constexpr QStringView downloads = u"Загрузки";
 
 } // namespace section_title
 
+inline constexpr std::size_t sectionCount = 7;
+
 /// The sections in the order of the sidebar.
-const std::array<Section, 7>& sections();
+const std::array<Section, sectionCount>& sections();

@@ -20,6 +20,17 @@ struct ViewState {
     QString title() const;
 };
 
-/// The entries that the catalog page lists, in catalog order: those that match the search and belong to the
-/// section, as of now. They lie in the store's catalog.
-std::vector<const StoreApp*> filtered(const ViewState& view, const Store& store);
+/// Some entries of a catalog, in its order.
+struct Selection {
+    Catalog catalog;
+    /// Where they stand in the catalog, in ascending order.
+    std::vector<qsizetype> places;
+
+    std::size_t size() const { return places.size(); }
+    const StoreApp& operator[](std::size_t position) const { return catalog.at(places.at(position)); }
+
+    bool operator==(const Selection&) const = default;
+};
+
+/// The entries that the catalog page lists, as of now: those that match the search and belong to the section.
+Selection filtered(const ViewState& view, const Store& store);

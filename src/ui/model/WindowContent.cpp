@@ -33,6 +33,15 @@ std::optional<Message> message(const Store& store)
 
 } // namespace
 
+Message about(const QString& version)
+{
+    return {.title = u"PloviStore"_s,
+        .text =
+            u"Магазин приложений Orbanel, версия %1. Установочные архивы уже внутри, сеть не нужна."_s.arg(
+                version),
+        .button = u"Понятно"_s};
+}
+
 WindowContent windowContent(const ViewState& view, const Store& store)
 {
     WindowContent content{

@@ -18,7 +18,7 @@ struct SidebarContent {
     QString brandName;
     QString searchPlaceholder;
     QString search;
-    std::array<SectionItem, 7> sections;
+    std::array<SectionItem, sectionCount> sections;
     QString maker;
     QString makerNote;
 
@@ -33,6 +33,9 @@ struct Message {
 
     bool operator==(const Message&) const = default;
 };
+
+/// What the program says of itself.
+Message about(const QString& version);
 
 /// Everything that the window shows.
 struct WindowContent {
