@@ -27,6 +27,7 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
           {.style = Look::detailSubtitle, .color = Style::secondaryText(), .lines = Lines::Wrapped}))
     , m_author(new TextLabel({.style = Look::detailAuthor, .color = Style::secondaryText()}))
     , m_actions(new ActionButtons(requests))
+    , m_factRow(new FairRow(Look::factSpacing))
     , m_headline(new TextLabel({.style = Look::headline, .lines = Lines::Wrapped, .heading = true}))
     , m_description(new SelectableText(Look::description, Style::secondaryText(), Look::descriptionExtra))
     , m_featureRow(new FairRow(Look::featureSpacing, Qt::AlignVCenter))
@@ -43,7 +44,10 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
     m_back->setContent(
         symbolBefore(new SymbolView(u"chevron.left"_s, Style::symbolFor(Style::body), Style::secondaryText()),
             m_backText));
-    // Widgets are read in the order of their making: those of the features are made later, inside this one.
+    // Widgets are read in the order of their making: those of the facts and features are made later, inside
+    // these.
+    auto* const facts = new QWidget;
+    facts->setLayout(m_factRow);
     auto* const features = new QWidget;
     features->setLayout(m_featureRow);
     m_description->setMaximumWidth(Look::descriptionMaxWidth);
@@ -52,7 +56,7 @@ DetailPageView::DetailPageView(Requests& requests, QWidget* parent)
             m_back,
             header(),
             new Divider,
-            facts(),
+            facts,
             new Divider,
             m_headline,
             m_description,
@@ -82,20 +86,6 @@ QLayout* DetailPageView::header()
         });
 }
 
-QLayout* DetailPageView::facts()
-{
-    auto* const row = new FairRow(Look::factSpacing);
-    for (FactLabels& labels : m_facts) {
-        labels.caption = new TextLabel(
-            {.style = Look::factCaption, .color = Style::secondaryText(), .lines = Lines::Whole});
-        labels.value = new TextLabel({.style = Look::factValue, .lines = Lines::Wrapped});
-        // Read with the value, which carries the caption in its name.
-        makeDecorative(*labels.caption);
-        row->append(vstack({.spacing = Look::factLineSpacing}, {labels.caption, labels.value}));
-    }
-    return row;
-}
-
 void DetailPageView::present(const DetailPage& page)
 {
     m_back->setAccessibleName(page.back);
@@ -105,12 +95,7 @@ void DetailPageView::present(const DetailPage& page)
     m_subtitle->setText(page.subtitle);
     m_author->setText(page.author);
     m_actions->present(page.actions);
-    for (std::size_t index = 0; index < m_facts.size(); ++index) {
-        const Fact& fact = page.facts[index];
-        m_facts[index].caption->setText(fact.caption);
-        m_facts[index].value->setText(fact.value);
-        m_facts[index].value->setAccessibleName(fact.accessibleName());
-    }
+    presentFacts(page.facts);
     m_headline->setText(page.headline);
     m_description->setAccessibleName(page.descriptionAccessibleName);
     m_description->present(page.description);
@@ -119,6 +104,25 @@ void DetailPageView::present(const DetailPage& page)
     m_installTitle->setText(page.installTitle);
     m_installText->setText(page.installText);
     m_signingNote->setText(page.signingNote);
+}
+
+/// Every entry's page has the same facts.
+void DetailPageView::presentFacts(const std::vector<Fact>& facts)
+{
+    for (std::size_t index = 0; index < facts.size(); ++index) {
+        if (index == m_facts.size()) {
+            auto* const caption = new TextLabel(
+                {.style = Look::factCaption, .color = Style::secondaryText(), .lines = Lines::Whole});
+            auto* const value = new TextLabel({.style = Look::factValue, .lines = Lines::Wrapped});
+            // Read with the value, which carries the caption in its name.
+            makeDecorative(*caption);
+            m_factRow->append(vstack({.spacing = Look::factLineSpacing}, {caption, value}));
+            m_facts.push_back({caption, value});
+        }
+        m_facts[index].caption->setText(facts[index].caption);
+        m_facts[index].value->setText(facts[index].value);
+        m_facts[index].value->setAccessibleName(facts[index].accessibleName());
+    }
 }
 
 void DetailPageView::presentFeatures(const QStringList& features)

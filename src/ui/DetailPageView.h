@@ -37,7 +37,7 @@ private:
     };
 
     QLayout* header();
-    QLayout* facts();
+    void presentFacts(const std::vector<Fact>& facts);
     void presentFeatures(const QStringList& features);
 
     PlainButton* m_back;
@@ -47,7 +47,8 @@ private:
     TextLabel* m_subtitle;
     TextLabel* m_author;
     ActionButtons* m_actions;
-    std::array<FactLabels, 4> m_facts;
+    FairRow* m_factRow;
+    std::vector<FactLabels> m_facts;
     TextLabel* m_headline;
     SelectableText* m_description;
     FairRow* m_featureRow;

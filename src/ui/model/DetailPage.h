@@ -2,7 +2,7 @@
 
 #include "ui/model/AppRowContent.h"
 
-#include <array>
+#include <vector>
 
 /// One fact with its caption.
 struct Fact {
@@ -33,7 +33,7 @@ struct DetailPage {
     QString subtitle;
     QString author;
     ActionButtonsContent actions;
-    std::array<Fact, 4> facts;
+    std::vector<Fact> facts;
     QString headline;
     QString description;
     QString descriptionAccessibleName;
