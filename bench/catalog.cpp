@@ -2,12 +2,8 @@
 
 #include "SampleBundle.h"
 #include "catalog/Fields.h"
-#include "platform/Platform.h"
 #include "platform/desktop/ApplicationRegistry.h"
-#include "platform/desktop/DesktopWorkspace.h"
-#include "platform/posix/PosixBundles.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixUserFolders.h"
+#include "platform/desktop/DesktopPlatform.h"
 #include "store/Store.h"
 #include "ui/model/ViewState.h"
 
@@ -63,15 +59,10 @@ void parse(benchmark::State& state)
 
 /// A store over a sample bundle.
 struct SampleStore {
-    explicit SampleStore(int entries) : bundle(entries, {}), bundles(bundle.executable()) { }
+    explicit SampleStore(int entries) : bundle(entries, {}), platform(bundle.executable()) { }
 
     SampleBundle bundle;
-    PosixBundles bundles;
-    PosixFiles files;
-    PosixUserFolders userFolders;
-    DesktopWorkspace workspace;
-    PlatformScope scope{
-        Platform{.bundles = &bundles, .files = &files, .userFolders = &userFolders, .workspace = &workspace}};
+    DesktopPlatform platform;
 };
 
 ViewState searching()

@@ -3,10 +3,8 @@
 // without work.
 
 #include "catalog/Catalog.h"
-#include "platform/Platform.h"
-#include "platform/desktop/DesktopJobs.h"
-#include "platform/posix/PosixBundles.h"
-#include "platform/posix/PosixFiles.h"
+#include "platform/BundleLayout.h"
+#include "platform/desktop/DesktopPlatform.h"
 #include "store/ArchiveJob.h"
 
 #include <QCoreApplication>
@@ -49,11 +47,8 @@ int main(int argc, char* argv[])
     if (argc != 3)
         return 2;
     QCoreApplication application(argc, argv);
-    PosixBundles bundles(Path(argv[1]) / "Contents" / "MacOS" / "PloviStore");
-    PosixFiles files;
-    const PlatformScope scope(Platform{.bundles = &bundles, .files = &files});
-    DesktopJobs jobs;
-    const auto catalog = readCatalog();
+    DesktopPlatform platform(bundle_layout::programs(argv[1]) / "PloviStore");
+    const auto catalog = readCatalog(argv[1], platform.files);
     if (!catalog)
         return 1;
 
@@ -62,7 +57,7 @@ int main(int argc, char* argv[])
     QElapsedTimer whole;
     whole.start();
     for (const char* name : {"first.zip", "second.zip"}) {
-        jobs.start([&, place = Path(argv[2]) / name]() -> Jobs::Task {
+        platform.jobs.start([&, place = Path(argv[2]) / name]() -> Jobs::Task {
             return [&, outcome = saveArchive(catalog->front(), place)] {
                 saved = saved && outcome;
                 if (--running == 0)

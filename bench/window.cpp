@@ -2,12 +2,7 @@
 // shown.
 
 #include "SampleBundle.h"
-#include "platform/Platform.h"
-#include "platform/desktop/DesktopJobs.h"
-#include "platform/desktop/DesktopWorkspace.h"
-#include "platform/posix/PosixBundles.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixUserFolders.h"
+#include "platform/desktop/DesktopPlatform.h"
 #include "ui/StoreView.h"
 #include "ui/kit/Style.h"
 
@@ -26,7 +21,7 @@ Path iconFolder;
 
 /// The store's view of a sample catalog, shown.
 struct SampleWindow {
-    explicit SampleWindow(int entries) : bundle(entries, iconFolder), bundles(bundle.executable())
+    explicit SampleWindow(int entries) : bundle(entries, iconFolder), platform(bundle.executable())
     {
         view.resize(1180, 800);
         view.show();
@@ -34,12 +29,7 @@ struct SampleWindow {
     }
 
     SampleBundle bundle;
-    PosixBundles bundles;
-    PosixFiles files;
-    PosixUserFolders userFolders;
-    DesktopWorkspace workspace;
-    DesktopJobs jobs;
-    PlatformScope scope{Platform{&bundles, &files, &userFolders, &workspace, nullptr, &jobs}};
+    DesktopPlatform platform;
     Store store;
     StoreView view{store};
 };

@@ -3,7 +3,6 @@
 #include "catalog/Catalog.h"
 #include "platform/BundleLayout.h"
 #include "platform/Image.h"
-#include "platform/Platform.h"
 #include "platform/Sha256.h"
 #include "platform/Text.h"
 
@@ -49,9 +48,15 @@ bool writeLine(std::FILE* stream, const QString& line)
         && std::fflush(stream) == 0;
 }
 
-Checked<Catalog> checkedCatalog()
+/// A store's bundle on its machine.
+struct Subject {
+    const Path& store;
+    const Files& files;
+};
+
+Checked<Catalog> checkedCatalog(const Subject& subject)
 {
-    auto catalog = readCatalog();
+    auto catalog = readCatalog(subject.store, subject.files);
     if (!catalog)
         return failed(catalog.error());
     TextSet ids;
@@ -63,7 +68,8 @@ Checked<Catalog> checkedCatalog()
 }
 
 /// The digest of the entry's archive, unless `isOver` before all of it has been read. Any thread.
-Checked<QString> checkedArchive(const StoreApp& app, Files::Reading reading, const std::atomic<bool>& isOver)
+Checked<QString> checkedArchive(
+    const Subject& subject, const StoreApp& app, Files::Reading reading, const std::atomic<bool>& isOver)
 {
     Sha256 hasher;
     qint64 bytes = 0;
@@ -73,10 +79,9 @@ Checked<QString> checkedArchive(const StoreApp& app, Files::Reading reading, con
         bytes += qint64(block.size());
         return hasher.update(block);
     };
+    const Path archive = bundle_layout::archive(subject.store, app.archive);
     const auto digest =
-        Platform::current().files->readInBlocks(app.packageURL(), reading, sink).and_then([&] {
-            return hasher.finalize();
-        });
+        subject.files.readInBlocks(archive, reading, sink).and_then([&] { return hasher.finalize(); });
     if (!digest)
         return failed(digest.error());
     if (bytes != app.bytes || *digest != app.sha256)
@@ -84,10 +89,9 @@ Checked<QString> checkedArchive(const StoreApp& app, Files::Reading reading, con
     return *digest;
 }
 
-bool hasIcon(const StoreApp& app)
+bool hasIcon(const Subject& subject, const StoreApp& app)
 {
-    const Platform& platform = Platform::current();
-    const Path file = bundle_layout::icon(platform.bundles->mainBundle(), app.name);
+    const Path file = bundle_layout::icon(subject.store, app.name);
     // The window shows whatever can be read of a set, so one picture is enough, and small ones come first.
     const auto hasPicture = [](Files::Bytes bytes) { return decodeImage(bytes, 0).has_value(); };
     bool isFound = false;
@@ -95,9 +99,9 @@ bool hasIcon(const StoreApp& app)
         isFound = hasPicture(beginning);
         return tl::unexpected(systemFailure(ECANCELED));
     };
-    if (!platform.files->readInBlocks(file, Files::Reading::InTurns, look) && isFound)
+    if (!subject.files.readInBlocks(file, Files::Reading::InTurns, look) && isFound)
         return true;
-    const auto content = platform.files->read(file);
+    const auto content = subject.files.read(file);
     return content && hasPicture(std::as_bytes(std::span(*content)));
 }
 
@@ -106,7 +110,7 @@ bool hasIcon(const StoreApp& app)
 /// those that run.
 class ArchiveChecks {
 public:
-    explicit ArchiveChecks(const Catalog& catalog)
+    ArchiveChecks(const Subject& subject, const Catalog& catalog)
     {
         const auto isLarge = [](const StoreApp& app) { return app.bytes >= largeArchive; };
         // Reading ahead is of use while there is a second processor for each.
@@ -117,7 +121,7 @@ public:
                 isLarge(app) ? std::launch::async | std::launch::deferred : std::launch::deferred;
             const auto reading = isLarge(app) && hasRoom ? Files::Reading::Ahead : Files::Reading::InTurns;
             m_checks.push_back(
-                std::async(start, [&, reading] { return checkedArchive(app, reading, m_isOver); }));
+                std::async(start, [&, reading] { return checkedArchive(subject, app, reading, m_isOver); }));
         }
     }
     ~ArchiveChecks() { m_isOver = true; }
@@ -137,17 +141,17 @@ private:
     std::deque<std::future<Checked<QString>>> m_checks;
 };
 
-Checked<void> checkBundle(std::FILE* report)
+Checked<void> checkBundle(const Subject& subject, std::FILE* report)
 {
-    const auto catalog = checkedCatalog();
+    const auto catalog = checkedCatalog(subject);
     if (!catalog)
         return tl::unexpected(catalog.error());
-    ArchiveChecks archives(*catalog);
+    ArchiveChecks archives(subject, *catalog);
     for (const StoreApp& app : *catalog) {
         const auto digest = archives.next();
         if (!digest)
             return tl::unexpected(digest.error());
-        if (!hasIcon(app))
+        if (!hasIcon(subject, app))
             return stopped(u"Invalid resource: "_s + app.name);
         if (!writeLine(report, u"PASS %1 %2 SHA256 %3"_s.arg(app.name, app.version, *digest)))
             return failed(systemFailure(errno));
@@ -157,9 +161,9 @@ Checked<void> checkBundle(std::FILE* report)
 
 } // namespace
 
-int runSelfTest(SelfTestOutput output)
+int runSelfTest(const Path& store, const Files& files, SelfTestOutput output)
 {
-    const auto outcome = checkBundle(output.report);
+    const auto outcome = checkBundle({store, files}, output.report);
     if (outcome)
         return 0;
     const auto& [status, line] = outcome.error();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Files.h"
+
 #include <cstdio>
 
 /// Where the self-test writes.
@@ -8,8 +10,8 @@ struct SelfTestOutput {
     std::FILE* errors = stderr;
 };
 
-/// Checks the main bundle's catalog, archives and icons. Writes and flushes one "PASS" line for each entry as
-/// it passes. Returns the exit status: 0 when all four passed and the report was written, 1 when something
-/// could not be read, decoded or written, 2 when the bundle is not what its catalog says. Needs
-/// `Platform::bundles` and `files`.
-int runSelfTest(SelfTestOutput output = {});
+/// Checks the catalog, archives and icons of the store's bundle at `store`. Writes and flushes one "PASS"
+/// line for each entry as it passes. Returns the exit status: 0 when all four passed and the report was
+/// written, 1 when something could not be read, decoded or written, 2 when the bundle is not what its catalog
+/// says.
+int runSelfTest(const Path& store, const Files& files, SelfTestOutput output = {});

@@ -1,10 +1,8 @@
 #include "app/SelfTest.h"
 #include "app/window/WindowModule.h"
 #include "platform/BundleLayout.h"
-#include "platform/Platform.h"
 #include "platform/posix/PosixBundles.h"
 #include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixUserFolders.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -28,18 +26,15 @@ void occupyStandardStreams()
     }
 }
 
-[[noreturn]] void selfTest(PosixBundles& bundles)
+[[noreturn]] void selfTest(const Path& store)
 {
-    PosixFiles files;
-    PosixUserFolders userFolders;
-    const PlatformScope platform({.bundles = &bundles, .files = &files, .userFolders = &userFolders});
     // Its report is written; tidying up the libraries would take as long as checking an archive.
-    std::_Exit(runSelfTest());
+    std::_Exit(runSelfTest(store, PosixFiles()));
 }
 
-int window(const Bundles& bundles, int argc, char* argv[])
+int window(const Path& store, int argc, char* argv[])
 {
-    const Path module = bundle_layout::frameworks(bundles.mainBundle()) / windowModuleFile;
+    const Path module = bundle_layout::frameworks(store) / windowModuleFile;
     void* const library = dlopen(module.c_str(), RTLD_LAZY | RTLD_LOCAL);
     auto* const run = library ? reinterpret_cast<RunWindow*>(dlsym(library, runWindowSymbol)) : nullptr;
     if (!run) {
@@ -55,8 +50,8 @@ int main(int argc, char* argv[])
 {
     using namespace std::string_view_literals;
     occupyStandardStreams();
-    PosixBundles bundles;
+    const Path store = PosixBundles().mainBundle();
     if (std::ranges::count(std::span(argv, std::size_t(argc)), "--self-test"sv) > 0)
-        selfTest(bundles);
-    return window(bundles, argc, argv);
+        selfTest(store);
+    return window(store, argc, argv);
 }

@@ -2,7 +2,6 @@
 
 #include "catalog/EntryReading.h"
 #include "platform/BundleLayout.h"
-#include "platform/Platform.h"
 
 #include <cerrno>
 #include <concepts>
@@ -99,9 +98,9 @@ Result<Catalog> decodeCatalog(std::span<const std::byte> json)
     }
 }
 
-Result<Catalog> readCatalog()
+Result<Catalog> readCatalog(const Path& store, const Files& files)
 {
-    const Platform& platform = Platform::current();
-    return platform.files->read(bundle_layout::catalog(platform.bundles->mainBundle()))
-        .and_then([](const QByteArray& json) { return decodeCatalog(std::as_bytes(std::span(json))); });
+    return files.read(bundle_layout::catalog(store)).and_then([](const QByteArray& json) {
+        return decodeCatalog(std::as_bytes(std::span(json)));
+    });
 }

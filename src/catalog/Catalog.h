@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/Fields.h"
-#include "platform/Failure.h"
+#include "platform/Files.h"
 
 #include <QByteArray>
 #include <QList>
@@ -26,5 +26,5 @@ Result<Catalog> decodeCatalog(std::span<const std::byte> json);
 /// The content of a catalog file with these entries, which `decodeCatalog` reads: one key a line. Any thread.
 QByteArray encodeCatalog(const Catalog& catalog, CatalogKind kind = CatalogKind::Store);
 
-/// Reads `catalog.json` in the program's resource folder. Any thread.
-Result<Catalog> readCatalog();
+/// Reads the catalog of the store's bundle at `store`. Any thread.
+Result<Catalog> readCatalog(const Path& store, const Files& files);

@@ -87,18 +87,18 @@ QString StoreApp::searchText() const
 
 Path StoreApp::packageURL() const
 {
-    return below(bundle_layout::packages(Platform::current().bundles->mainBundle()), archive);
+    return bundle_layout::archive(Platform::current().bundles.mainBundle(), archive);
 }
 
 std::optional<Path> StoreApp::installedURL() const
 {
     const Platform& platform = Platform::current();
-    for (const Path& folder : {Path("/Applications"), platform.userFolders->homeFolder() / "Applications"}) {
+    for (const Path& folder : {Path("/Applications"), platform.userFolders.homeFolder() / "Applications"}) {
         const Path bundle = bundle_layout::bundle(folder, name);
-        if (platform.bundles->bundleIdentifier(bundle) == bundleID)
+        if (platform.bundles.bundleIdentifier(bundle) == bundleID)
             return bundle;
     }
-    return platform.workspace->urlForApplication(bundleID);
+    return platform.workspace.urlForApplication(bundleID);
 }
 
 bool StoreApp::operator==(const StoreApp& other) const

@@ -56,6 +56,12 @@ inline Path packages(const Path& store)
     return resources(store) / "Packages";
 }
 
+/// The archive with this file name.
+inline Path archive(const Path& store, const QString& name)
+{
+    return below(packages(store), name);
+}
+
 inline Path fonts(const Path& store)
 {
     return resources(store) / "Fonts";

@@ -10,13 +10,12 @@
 /// The machine as the program sees it: one role for each kind of service. The only thing that is global, so
 /// that an entry can say where its archive lies without being handed the machine.
 struct Platform {
-    Bundles* bundles = nullptr;
-    Files* files = nullptr;
-    UserFolders* userFolders = nullptr;
-    /// The roles below need the user's session; the self-test runs without them.
-    Workspace* workspace = nullptr;
-    SavePanel* savePanel = nullptr;
-    Jobs* jobs = nullptr;
+    Bundles& bundles;
+    Files& files;
+    UserFolders& userFolders;
+    Workspace& workspace;
+    SavePanel& savePanel;
+    Jobs& jobs;
 
     /// The platform installed last. There must be one.
     static const Platform& current();

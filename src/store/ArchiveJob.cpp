@@ -19,6 +19,6 @@ Result<void> saveArchive(const StoreApp& app, const Path& destination)
             return tl::unexpected(digest.error());
         return *digest == app.sha256 ? Result<void>() : tl::unexpected(damagedArchive());
     };
-    return Platform::current().files->copy(
+    return Platform::current().files.copy(
         app.packageURL(), destination, [&](Files::Bytes block) { return hasher.update(block); }, verdict);
 }

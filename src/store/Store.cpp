@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 Store::Store()
 {
-    auto catalog = readCatalog();
+    const Platform& platform = Platform::current();
+    auto catalog = readCatalog(platform.bundles.mainBundle(), platform.files);
     if (catalog)
         apps.set(std::move(*catalog));
     else
@@ -36,9 +37,9 @@ void Store::launch(StoreApp app)
 
     ++m_openings;
     const Platform& platform = Platform::current();
-    platform.workspace->openApplication(
-        *place, [store = QPointer(this), name = app.name, jobs = platform.jobs](const Result<void>& outcome) {
-            jobs->onMainThread([store, name, outcome] {
+    platform.workspace.openApplication(*place,
+        [store = QPointer(this), name = app.name, &jobs = platform.jobs](const Result<void>& outcome) {
+            jobs.onMainThread([store, name, outcome] {
                 if (store)
                     store->finishOpening(name, outcome);
             });
@@ -51,23 +52,22 @@ void Store::save(StoreApp app)
         return;
 
     const Platform& platform = Platform::current();
-    const auto destination = platform.savePanel->runModal({
+    const auto destination = platform.savePanel.runModal({
         .title = u"Скачать "_s + app.name,
         .proposedName = app.archive,
-        .folder = platform.userFolders->downloadsFolder(),
+        .folder = platform.userFolders.downloadsFolder(),
     });
     // The panel's event loop may have started another save of this entry.
     if (!destination || busy->contains(app.id))
         return;
 
     busy.insert(app.id);
-    platform.jobs->start(
-        [store = QPointer(this), app = std::move(app), place = *destination]() -> Jobs::Task {
-            return [store, app, place, outcome = saveArchive(app, place)] {
-                if (store)
-                    store->finishSaving(app, place, outcome);
-            };
-        });
+    platform.jobs.start([store = QPointer(this), app = std::move(app), place = *destination]() -> Jobs::Task {
+        return [store, app, place, outcome = saveArchive(app, place)] {
+            if (store)
+                store->finishSaving(app, place, outcome);
+        };
+    });
 }
 
 void Store::finishOpening(const QString& name, const Result<void>& outcome)
@@ -84,7 +84,7 @@ void Store::finishSaving(const StoreApp& app, const Path& destination, const Res
 {
     if (outcome) {
         saved.insert(app.id);
-        Platform::current().workspace->reveal(destination);
+        Platform::current().workspace.reveal(destination);
         message.set(app.name + u" сохранён. Распакуйте ZIP и перенесите "_s + app.name
             + u".app в папку «Программы». Сборка подписана локально и не прошла нотарификацию Apple; "_s
             + u"macOS может запросить разрешение на первый запуск."_s);

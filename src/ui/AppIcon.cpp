@@ -26,7 +26,7 @@ void AppIcon::present(const QString& name)
 bool AppIcon::load()
 {
     const qreal ratio = devicePixelRatio();
-    const Path file = bundle_layout::icon(Platform::current().bundles->mainBundle(), m_name);
+    const Path file = bundle_layout::icon(Platform::current().bundles.mainBundle(), m_name);
     if (!m_resource.load(file, int(std::ceil(m_size * ratio))))
         return false;
     m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);

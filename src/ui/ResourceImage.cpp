@@ -22,7 +22,7 @@ QImage decoded(std::span<const std::byte> file, int edge)
 
 bool ResourceImage::load(const Path& file, int edge)
 {
-    const Files& files = *Platform::current().files;
+    const Files& files = Platform::current().files;
     const auto stamp = files.stamp(file);
     const bool isSameFile = std::exchange(m_stamp, stamp) == stamp;
     if (std::exchange(m_edge, edge) == edge && isSameFile)

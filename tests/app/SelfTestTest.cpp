@@ -51,7 +51,7 @@ struct GoodBundle {
     Outcome run(const SelfTestOutput& output = {std::tmpfile(), std::tmpfile()})
     {
         files.content[catalog] = sample::catalogFile(apps);
-        const int status = runSelfTest(output);
+        const int status = runSelfTest(platform.bundles.mainBundle(), files, output);
         return {status, textOf(output.report), textOf(output.errors)};
     }
 

@@ -126,12 +126,12 @@ TEST(Catalog, SaysWhatIsNoListOfEntries)
 
 TEST(Catalog, IsReadFromTheResourceFolder)
 {
-    FakePlatform platform;
-    EXPECT_EQ(readCatalog().error(), systemFailure(ENOENT));
+    FakePlatform::FakeFiles files;
+    EXPECT_EQ(readCatalog("/Store.app", files).error(), systemFailure(ENOENT));
 
-    platform.files.content[platform.resource("catalog.json")] = encodeCatalog({sample::brisko()});
+    files.content["/Store.app/Contents/Resources/catalog.json"] = encodeCatalog({sample::brisko()});
 
-    EXPECT_EQ(readCatalog(), Catalog{sample::brisko()});
+    EXPECT_EQ(readCatalog("/Store.app", files), Catalog{sample::brisko()});
 }
 
 } // namespace

@@ -16,10 +16,8 @@ int main(int argc, char* argv[])
     machine.savePanel.answer = argv[2];
     PosixBundles bundles(Path(argv[1]) / "Contents/MacOS/PloviStore");
     PosixFiles files;
-    Platform platform = Platform::current();
-    platform.bundles = &bundles;
-    platform.files = &files;
-    const PlatformScope scope(platform);
+    const PlatformScope scope(
+        {bundles, files, machine.userFolders, machine.workspace, machine.savePanel, machine.jobs});
 
     Store store;
     if (!store.apps->empty())

@@ -95,5 +95,5 @@ public:
     Path resource(const Path& name) const { return bundle_layout::resources(bundles.mainBundle()) / name; }
 
 private:
-    PlatformScope m_scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};
+    PlatformScope m_scope{{bundles, files, userFolders, workspace, savePanel, jobs}};
 };

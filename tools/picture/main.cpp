@@ -1,9 +1,6 @@
 #include "app/window/StoreWindow.h"
-#include "platform/Platform.h"
-#include "platform/desktop/DesktopWorkspace.h"
-#include "platform/posix/PosixBundles.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixUserFolders.h"
+#include "platform/BundleLayout.h"
+#include "platform/desktop/DesktopPlatform.h"
 #include "ui/Look.h"
 #include "ui/kit/Style.h"
 
@@ -26,12 +23,7 @@ int main(int argc, char* argv[])
     }
 
     Style::applyTo(application);
-    PosixBundles bundles(toPath(arguments[1]) / "Contents/MacOS/PloviStore");
-    PosixFiles files;
-    PosixUserFolders userFolders;
-    DesktopWorkspace workspace;
-    const PlatformScope platform(
-        {.bundles = &bundles, .files = &files, .userFolders = &userFolders, .workspace = &workspace});
+    const DesktopPlatform platform(bundle_layout::programs(toPath(arguments[1])) / "PloviStore");
     Store store;
     StoreWindow window(store);
     window.resize(Look::windowWidth, Look::windowHeight);

@@ -1,15 +1,9 @@
 #include "app/window/PloviStoreMain.h"
 
 #include "platform/BundleLayout.h"
-#include "platform/Platform.h"
-#include "platform/desktop/DesktopJobs.h"
-#include "platform/desktop/DesktopSavePanel.h"
-#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/DesktopPlatform.h"
 #include "platform/desktop/EndingSignals.h"
 #include "platform/desktop/SingleInstance.h"
-#include "platform/posix/PosixBundles.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixUserFolders.h"
 #include "ui/kit/Style.h"
 
 #include <QApplication>
@@ -41,19 +35,6 @@ void tellFatalOnly(QtMsgType type, const QMessageLogContext&, const QString& tex
     if (type == QtFatalMsg)
         std::fprintf(stderr, "PloviStore: %s\n", qUtf8Printable(text));
 }
-
-/// The roles of this machine, installed as long as they live.
-struct DesktopPlatform {
-    PosixBundles bundles;
-    PosixFiles files;
-    PosixUserFolders userFolders;
-    // Outlives the jobs, whose last work still asks for the roles.
-    PlatformScope scope{Platform{&bundles, &files, &userFolders, &workspace, &savePanel, &jobs}};
-    // Destroyed after the workspace, whose last answer comes through it.
-    DesktopJobs jobs;
-    DesktopWorkspace workspace;
-    DesktopSavePanel savePanel{&QApplication::activeWindow};
-};
 
 /// What this bundle's processes know each other by.
 QString ownName()

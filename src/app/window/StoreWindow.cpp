@@ -93,7 +93,7 @@ void StoreWindow::run(Command command)
     case Command::About:
         return showAbout();
     case Command::VisitSite:
-        return Platform::current().workspace->openURL(u"https://orbanel.example/store"_s);
+        return Platform::current().workspace.openURL(u"https://orbanel.example/store"_s);
     case Command::Quit:
     case Command::Close:
         close();

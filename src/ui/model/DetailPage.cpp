@@ -44,7 +44,7 @@ DetailPage detail(const StoreApp& app, const Store& store)
             + u"«Системные настройки → Конфиденциальность и безопасность»."_s,
     };
     if (app.id == "brisko"_L1)
-        page.screenshot = {bundle_layout::screenshot(Platform::current().bundles->mainBundle()),
+        page.screenshot = {bundle_layout::screenshot(Platform::current().bundles.mainBundle()),
             u"Снимок экрана "_s + app.name};
     return page;
 }

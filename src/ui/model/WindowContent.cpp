@@ -10,7 +10,7 @@ namespace {
 SidebarContent sidebar(const ViewState& view)
 {
     SidebarContent content{
-        .brandImage = bundle_layout::brandImage(Platform::current().bundles->mainBundle()),
+        .brandImage = bundle_layout::brandImage(Platform::current().bundles.mainBundle()),
         .brandName = u"PloviStore"_s,
         .searchPlaceholder = u"Поиск приложений"_s,
         .search = view.search,
