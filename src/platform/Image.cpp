@@ -35,11 +35,11 @@ try {
     std::vector<Picture> pictures = picturesOf(file, edge);
     sortByFitness(pictures, edge);
 
-    Effort left = affordable;
+    std::int64_t left = mostPixels;
     for (const Picture& picture : pictures) {
-        if (!isWithin(picture.effort, left))
+        if (picture.pixels > left)
             continue;
-        left.nanoseconds -= picture.effort.nanoseconds;
+        left -= picture.pixels;
         if (auto image = picture.decode())
             return image;
     }

@@ -20,10 +20,10 @@ struct Image {
 /// or RGB, with or without alpha, of 8 bits each), or a set of icons (ICNS) with entries of these two kinds,
 /// run-length packed RGB with its mask, or packed ARGB. Of a set, the smallest picture whose longer edge is
 /// at least `edge` pixels, else the largest; damaged entries are passed over. JPEG 2000 is decoded at the
-/// smallest of its resolutions that has `edge` pixels, or at the largest one that the bound allows.
+/// smallest of its resolutions that has `edge` pixels, and never larger than a million samples.
 ///
-/// Any bytes are safe, and none takes more than 0.3 seconds of one processor or 64 MiB: what every picture
-/// would take is computed from its headers before it is decoded, all that is tried of a set is added up, and
-/// what goes beyond is refused (the constant is `affordable` in platform/image/Picture.h, the sum stands in
-/// Image.cpp, the costs with each decoder). None when the file holds no picture that can be read. Any thread.
+/// Any bytes are safe, and take less than 64 MiB and a second: what a picture would take is told from its
+/// headers before it is decoded. At most 10 million pixels are decoded, of a set in all, where one of JPEG
+/// 2000 counts as 16; and JPEG 2000 is refused that asks for more than an encoder of icons does. None when
+/// the file holds no picture that can be read. Any thread.
 std::optional<Image> decodeImage(std::span<const std::byte> file, int edge);

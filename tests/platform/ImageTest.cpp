@@ -97,13 +97,10 @@ TEST(Image, Jpeg2000IsDecodedAtTheSizeThatIsAskedFor)
     const File file = fixture("red-128.jp2");
     for (const auto& [edge, width] : {std::pair{1, 32}, {32, 32}, {33, 64}, {64, 64}, {65, 128}, {1000, 128}})
         EXPECT_EQ(decode(file, edge), plain(width, width, red)) << edge;
-
-    // Its many bit planes take too long at its own size.
-    EXPECT_EQ(decode(fixture("dear-512.j2k"), 512).value().width, 256);
     EXPECT_EQ(decode(fixture("irreversible-512.j2k"), 512).value().width, 512);
 }
 
-TEST(Image, WhatTakesTooLongOrTooMuchMemoryIsRefusedByItsHeaders)
+TEST(Image, WhatAsksForMoreThanAnIconIsRefusedByItsHeaders)
 {
     for (const auto& entry : directory_iterator(pictures / "accepted"))
         EXPECT_TRUE(decode(fixture(entry.path()))) << entry.path();

@@ -70,13 +70,6 @@ Bytes contentOf(std::span<const Entry> entries, Type wanted)
     return found == entries.end() ? Bytes() : found->content;
 }
 
-// A hundred nanoseconds a pixel are plenty, and 32 bytes are what is held of each.
-Picture packedPicture(int edge, std::function<std::optional<Image>()> decode)
-{
-    const double pixels = double(edge) * edge;
-    return {edge, {.nanoseconds = 100 * pixels, .bytes = 32 * pixels}, std::move(decode)};
-}
-
 std::optional<Picture> pictureIn(const Entry& entry, std::span<const Entry> set, int edge)
 {
     const Bytes content = entry.content;
@@ -87,14 +80,16 @@ std::optional<Picture> pictureIn(const Entry& entry, std::span<const Entry> set,
 
     const auto argb = std::ranges::find(packedArgbTypes, entry.type, &PackedArgbType::picture);
     if (isPackedArgb(content) && argb != packedArgbTypes.end())
-        return packedPicture(argb->edge, [=] { return decodePackedArgb(content, argb->edge); });
+        return Picture{argb->edge, std::int64_t{argb->edge} * argb->edge,
+            [=] { return decodePackedArgb(content, argb->edge); }};
 
     const auto rgb = std::ranges::find(packedRgbTypes, entry.type, &PackedRgbType::picture);
     if (rgb == packedRgbTypes.end() || content.size() < rgb->padding)
         return std::nullopt;
     const Bytes samples = content.subspan(rgb->padding);
     const Bytes mask = contentOf(set, rgb->mask);
-    return packedPicture(rgb->edge, [=] { return decodePackedRgb(samples, mask, rgb->edge); });
+    return Picture{rgb->edge, std::int64_t{rgb->edge} * rgb->edge,
+        [=] { return decodePackedRgb(samples, mask, rgb->edge); }};
 }
 
 } // namespace

@@ -21,6 +21,9 @@ bool isBoxFile(Bytes file)
 
 constexpr std::size_t boxHeaderSize = 8; // a length and a type
 
+/// A pixel takes as long as so many of a PNG file.
+constexpr std::int64_t timesAsDear = 16;
+
 struct Box {
     std::uint32_t type;
     std::size_t length;
@@ -164,23 +167,19 @@ std::optional<Image> decodeFile(Bytes file, int halvings)
     return decoded && isUsable(*decoded) ? std::optional(toImage(*decoded)) : std::nullopt;
 }
 
-// How often the picture is halved.
-int halvingsFor(const Codestream& codestream, int edge)
+std::int64_t pixelsOf(PictureSize size, int halvings)
 {
-    constexpr int toOnePixel = 14;
-    const int longerEdge = std::max(codestream.size.width, codestream.size.height);
-    const int most = std::min(codestream.fewestHalvings, toOnePixel);
-    int halvings = 0;
-    while (halvings < most
-        && (longerEdge >> (halvings + 1) >= edge || !isWithin(codestream.effort(halvings), affordable)))
-        ++halvings;
-    return halvings;
+    const auto halved = [halvings](int length) { return ((std::int64_t{length} - 1) >> halvings) + 1; };
+    return halved(size.width) * halved(size.height);
 }
 
 } // namespace
 
 std::optional<Picture> jpeg2000Picture(Bytes file, int edge)
 {
+    // As many take up to a third of a second.
+    constexpr std::int64_t mostSamples = std::int64_t{1} << 20;
+    constexpr int toOnePixel = 14;
     const auto layout = layoutOf(file);
     if (!layout || hasPalette(layout->boxes))
         return std::nullopt;
@@ -188,7 +187,15 @@ std::optional<Picture> jpeg2000Picture(Bytes file, int edge)
     if (!codestream)
         return std::nullopt;
 
-    const int halvings = halvingsFor(*codestream, edge);
-    return Picture{std::max(codestream->size.width, codestream->size.height), codestream->effort(halvings),
+    const auto& [size, components, mostHalvings] = *codestream;
+    const int longerEdge = std::max(size.width, size.height);
+    const auto isTooMuch = [&](int halvings) { return pixelsOf(size, halvings) * components > mostSamples; };
+    int halvings = 0;
+    while (halvings < std::min(mostHalvings, toOnePixel)
+        && (longerEdge >> (halvings + 1) >= edge || isTooMuch(halvings)))
+        ++halvings;
+    if (isTooMuch(halvings))
+        return std::nullopt;
+    return Picture{longerEdge, timesAsDear * pixelsOf(size, halvings),
         [file, halvings] { return decodeFile(file, halvings); }};
 }

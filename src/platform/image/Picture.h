@@ -14,28 +14,14 @@ struct PictureSize {
     bool operator==(const PictureSize&) const = default;
 };
 
-/// What decoding takes at most: time of one processor, measured with files made to take as much as they can,
-/// and memory, with the image that results.
-struct Effort {
-    double nanoseconds = 0;
-    double bytes = 0;
-
-    bool operator==(const Effort&) const = default;
-};
-
-/// What one call of decodeImage() may take. The rest of its 64 MiB is for what does not grow with the
-/// picture.
-constexpr Effort affordable{.nanoseconds = 300e6, .bytes = 60e6};
-
-constexpr bool isWithin(const Effort& effort, const Effort& limit)
-{
-    return effort.nanoseconds <= limit.nanoseconds && effort.bytes <= limit.bytes;
-}
+/// How many pixels one call of decodeImage() may decode, of all pictures that it tries.
+constexpr std::int64_t mostPixels = 10'000'000;
 
 /// A picture of which only the headers have been read.
 struct Picture {
     int longerEdge = 0;
-    Effort effort;
+    /// How many pixels of a PNG file take as long to decode.
+    std::int64_t pixels = 0;
     /// None when the picture is damaged. The file must still be there.
     std::function<std::optional<Image>()> decode;
 };

@@ -64,31 +64,6 @@ std::optional<Image> decode(Bytes file, PictureSize size, std::size_t essenceSiz
     return image;
 }
 
-int channelsOf(std::byte colourType)
-{
-    switch (std::to_integer<int>(colourType)) {
-    case PNG_COLOR_TYPE_GRAY:
-    case PNG_COLOR_TYPE_PALETTE:
-        return 1;
-    case PNG_COLOR_TYPE_GRAY_ALPHA:
-        return 2;
-    case PNG_COLOR_TYPE_RGB:
-        return 3;
-    default:
-        return 4;
-    }
-}
-
-// The dearest bytes unpack to nothing: a table of codes in 11 bytes, and another one.
-Effort effortOf(Bytes file, std::size_t packed)
-{
-    const double pixels = double(bigEndian32(file, 16)) * bigEndian32(file, 20);
-    const double unpacked = pixels * channelsOf(file[25]) * std::to_integer<int>(file[24]) / 8;
-    const bool isInterlaced = file[28] != std::byte{0};
-    return {.nanoseconds = 5 * unpacked + (isInterlaced ? 14 : 7) * pixels + 70 * double(packed),
-        .bytes = 4 * pixels + double(packed)};
-}
-
 } // namespace
 
 std::optional<Picture> pngPicture(Bytes file)
@@ -100,6 +75,6 @@ std::optional<Picture> pngPicture(Bytes file)
         return std::nullopt;
 
     const PictureSize size{static_cast<int>(bigEndian32(file, 16)), static_cast<int>(bigEndian32(file, 20))};
-    return Picture{std::max(size.width, size.height), effortOf(file, packed),
+    return Picture{std::max(size.width, size.height), std::int64_t{size.width} * size.height,
         [file, size, packed] { return decode(file, size, packed); }};
 }
