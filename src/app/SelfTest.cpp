@@ -68,8 +68,7 @@ Checked<Catalog> checkedCatalog(const Subject& subject)
 }
 
 /// The digest of the entry's archive, unless `isOver` before all of it has been read. Any thread.
-Checked<QString> checkedArchive(
-    const Subject& subject, const StoreApp& app, Files::Reading reading, const std::atomic<bool>& isOver)
+Checked<QString> checkedArchive(const Subject& subject, const StoreApp& app, const std::atomic<bool>& isOver)
 {
     Sha256 hasher;
     qint64 bytes = 0;
@@ -80,8 +79,7 @@ Checked<QString> checkedArchive(
         return hasher.update(block);
     };
     const Path archive = bundle_layout::archive(subject.store, app.archive);
-    const auto digest =
-        subject.files.readInBlocks(archive, reading, sink).and_then([&] { return hasher.finalize(); });
+    const auto digest = subject.files.readInBlocks(archive, sink).and_then([&] { return hasher.finalize(); });
     if (!digest)
         return failed(digest.error());
     if (bytes != app.bytes || *digest != app.sha256)
@@ -99,7 +97,7 @@ bool hasIcon(const Subject& subject, const StoreApp& app)
         isFound = hasPicture(beginning);
         return tl::unexpected(systemFailure(ECANCELED));
     };
-    if (!subject.files.readInBlocks(file, Files::Reading::InTurns, look) && isFound)
+    if (!subject.files.readInBlocks(file, look) && isFound)
         return true;
     const auto content = subject.files.read(file);
     return content && hasPicture(std::as_bytes(std::span(*content)));
@@ -112,16 +110,10 @@ class ArchiveChecks {
 public:
     ArchiveChecks(const Subject& subject, const Catalog& catalog)
     {
-        const auto isLarge = [](const StoreApp& app) { return app.bytes >= largeArchive; };
-        // Reading ahead is of use while there is a second processor for each.
-        const bool hasRoom = std::ranges::count_if(catalog, isLarge) * 2
-            <= std::ptrdiff_t(std::thread::hardware_concurrency());
         for (const StoreApp& app : catalog) {
-            const auto start =
-                isLarge(app) ? std::launch::async | std::launch::deferred : std::launch::deferred;
-            const auto reading = isLarge(app) && hasRoom ? Files::Reading::Ahead : Files::Reading::InTurns;
-            m_checks.push_back(
-                std::async(start, [&, reading] { return checkedArchive(subject, app, reading, m_isOver); }));
+            const auto start = app.bytes >= largeArchive ? std::launch::async | std::launch::deferred
+                                                         : std::launch::deferred;
+            m_checks.push_back(std::async(start, [&] { return checkedArchive(subject, app, m_isOver); }));
         }
     }
     ~ArchiveChecks() { m_isOver = true; }

@@ -29,9 +29,6 @@ public:
     using Bytes = std::span<const std::byte>;
     /// Takes the next bytes of a file. A failure ends the reading, which then fails with it.
     using Sink = std::function<Result<void>(Bytes)>;
-    /// Whether the next bytes are read after the sink has taken the last ones, or meanwhile in a thread of
-    /// their own: that is sooner done, but takes a second processor and more of its time.
-    enum class Reading { InTurns, Ahead };
     using Verdict = std::function<Result<void>()>;
 
     Files() = default;
@@ -43,9 +40,9 @@ public:
     virtual std::optional<FileStamp> stamp(const Path& file) const = 0;
     /// The whole file.
     virtual Result<QByteArray> read(const Path& file) const = 0;
-    /// Hands the whole file to `sink` in order, through two small blocks of memory. After a failure `sink`
-    /// may have had a part of it.
-    virtual Result<void> readInBlocks(const Path& file, Reading reading, const Sink& sink) const = 0;
+    /// Hands the whole file to `sink` in order, through one small block of memory. After a failure `sink` may
+    /// have had a part of it.
+    virtual Result<void> readInBlocks(const Path& file, const Sink& sink) const = 0;
     /// Reads `source` once into one block of memory, hands it to `sink` as it arrives, and makes the same
     /// memory the whole content of `destination`, flushed to the disk, if `verdict` agrees once all has been
     /// read. After a failure `destination` is what it was: its former content, or not there. A failure of

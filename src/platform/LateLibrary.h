@@ -2,22 +2,13 @@
 
 #include <dlfcn.h>
 
-// GCC's way comes before clang's, which Qt defines for GCC too, with the answer no.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define PLOVI_HAS_SANITIZER 1
-#elif defined(__has_feature)
-#define PLOVI_HAS_SANITIZER __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#else
-#define PLOVI_HAS_SANITIZER 0
-#endif
-
 /// A shared library that is loaded when this is made, not with the program: for those whose loading shows in
 /// the time until the window appears. It stays loaded. What it is linked to by hand is told to no tool, so
 /// packages name it themselves.
 class LateLibrary {
 public:
     /// `name` is the library's soname.
-    explicit LateLibrary(const char* name) : m_handle(::dlopen(name, RTLD_LAZY | RTLD_LOCAL | scope)) { }
+    explicit LateLibrary(const char* name) : m_handle(::dlopen(name, RTLD_LAZY | RTLD_LOCAL)) { }
 
     bool isLoaded() const { return m_handle != nullptr; }
     /// Null when the library is not loaded, or has no such function.
@@ -28,13 +19,6 @@ public:
     }
 
 private:
-// What the library calls is looked for in itself first, not in a dozen others before it: a fifth of the
-// self-test. A sanitizer has to come first instead.
-#if PLOVI_HAS_SANITIZER
-    static constexpr int scope = 0;
-#else
-    static constexpr int scope = RTLD_DEEPBIND;
-#endif
     void* m_handle;
 };
 

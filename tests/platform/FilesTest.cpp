@@ -29,8 +29,6 @@ Result<void> resultOf(int error)
     return error == 0 ? Result<void>() : tl::unexpected(systemFailure(error));
 }
 
-using Reading = Files::Reading;
-
 class FilesTest : public testing::Test {
 protected:
     /// On the disk, and in the machine in memory.
@@ -71,9 +69,8 @@ TEST_F(FilesTest, WhatIsCopiedIsShownFirstAndReadAfterwards)
             EXPECT_EQ(before, files->stamp(file));
             EXPECT_EQ(errorOf(files->copy(source, file, look, [&] { return resultOf(seen != text); })), 0);
             EXPECT_NE(before, files->stamp(file));
-            EXPECT_EQ(errorOf(files->readInBlocks(file, Reading::InTurns, look)), 0);
-            EXPECT_EQ(errorOf(files->readInBlocks(file, Reading::Ahead, look)), 0);
-            EXPECT_TRUE(seen == text + text + text);
+            EXPECT_EQ(errorOf(files->readInBlocks(file, look)), 0);
+            EXPECT_TRUE(seen == text + text);
             EXPECT_TRUE(files->read(file) == text);
         }
     }
@@ -88,10 +85,10 @@ TEST_F(FilesTest, AFailureIsToldAndKeepsTheOldContent)
     for (const Files* files : std::initializer_list<const Files*>{&posix, &machine.files}) {
         for (const QString& name : {u"missing"_s, u"file\0cut"_s}) {
             EXPECT_EQ(errorOf(files->read(below(folder, name))), ENOENT);
-            EXPECT_EQ(errorOf(files->readInBlocks(below(folder, name), Reading::Ahead, look)), ENOENT);
+            EXPECT_EQ(errorOf(files->readInBlocks(below(folder, name), look)), ENOENT);
             EXPECT_EQ(copy(*files, below(folder, name), file), ENOENT);
         }
-        EXPECT_EQ(errorOf(files->readInBlocks(source, Reading::Ahead, refuse)), ECANCELED);
+        EXPECT_EQ(errorOf(files->readInBlocks(source, refuse)), ECANCELED);
         EXPECT_EQ(errorOf(files->copy(source, file, refuse, agree)), ECANCELED);
         EXPECT_EQ(errorOf(files->copy(source, file, look, refuse)), ECANCELED);
         EXPECT_EQ(files->read(file), "old");
@@ -108,7 +105,7 @@ TEST_F(FilesTest, OnlyARegularFileIsReadOrReplaced)
              {Path("/dev/zero"), EOPNOTSUPP}, {source / "below", ENOTDIR}, {folder / "loop", ELOOP}}) {
         SCOPED_TRACE(place);
         EXPECT_EQ(errorOf(posix.read(place)), error);
-        EXPECT_EQ(errorOf(posix.readInBlocks(place, Reading::Ahead, look)), error);
+        EXPECT_EQ(errorOf(posix.readInBlocks(place, look)), error);
         EXPECT_EQ(copy(posix, place, file), error);
         EXPECT_EQ(copy(posix, source, place), error);
     }
@@ -138,13 +135,10 @@ TEST_F(FilesTest, WhatIsWrittenIsWhatWasShownThoughTheSourceChanges)
         EXPECT_TRUE(posix.read(file) == seen);
     }
 
-    for (const auto& [reading, size] :
-        {std::pair(Reading::InTurns, 30'100'000), {Reading::Ahead, 30'200'000}}) {
-        seen.clear();
-        change = [&, size = size] { resize(size); };
-        EXPECT_TRUE(posix.readInBlocks(source, reading, lookAndChange));
-        EXPECT_EQ(seen.size(), size);
-    }
+    seen.clear();
+    change = [&] { resize(30'100'000); };
+    EXPECT_TRUE(posix.readInBlocks(source, lookAndChange));
+    EXPECT_EQ(seen.size(), 30'100'000);
 }
 
 TEST_F(FilesTest, AReplacedFileHandsOnWhoseItIsAndItsLink)

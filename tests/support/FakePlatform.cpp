@@ -29,7 +29,7 @@ Result<QByteArray> FakePlatform::FakeFiles::read(const Path& file) const
     return bytes ? Result<QByteArray>(*bytes) : tl::unexpected(systemFailure(ENOENT));
 }
 
-Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, Reading, const Sink& sink) const
+Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, const Sink& sink) const
 {
     return read(file).and_then([&](const QByteArray& bytes) {
         Result<void> taken;
@@ -44,7 +44,7 @@ Result<void> FakePlatform::FakeFiles::readInBlocks(const Path& file, Reading, co
 Result<void> FakePlatform::FakeFiles::copy(
     const Path& source, const Path& destination, const Sink& sink, const Verdict& verdict) const
 {
-    auto outcome = readInBlocks(source, Reading::InTurns, sink).and_then(verdict);
+    auto outcome = readInBlocks(source, sink).and_then(verdict);
     if (!outcome)
         return outcome;
     if (const auto error = lookUp(writeErrors, destination))

@@ -17,7 +17,7 @@ public:
     public:
         std::optional<FileStamp> stamp(const Path& file) const override;
         Result<QByteArray> read(const Path& file) const override;
-        Result<void> readInBlocks(const Path& file, Reading reading, const Sink& sink) const override;
+        Result<void> readInBlocks(const Path& file, const Sink& sink) const override;
         Result<void> copy(const Path& source, const Path& destination, const Sink& sink,
             const Verdict& verdict) const override;
 

@@ -7,8 +7,7 @@
 /// program is there. Any thread.
 bool isUsableDesktopEntry(const Path& file);
 
-/// Opens the application of a desktop entry. Waits for the disk, and some seconds for a session bus that does
-/// not answer. Any thread.
+/// Opens the application of a desktop entry. Waits for the disk and the session bus. Any thread.
 Result<void> openDesktopEntry(const Path& file);
 
 /// Opens an address (any scheme) with the user's program for it. Waits like `openDesktopEntry`. Any thread.

@@ -16,32 +16,8 @@ namespace {
 constexpr QLatin1StringView objectPath("/org/orbanel/PloviStore");
 constexpr QLatin1StringView interfaceName("org.freedesktop.Application");
 
-/// The bus's own numbers for a name that is requested without queueing for it.
-constexpr uint doNotQueue = 4;
-constexpr uint primaryOwner = 1;
-constexpr uint nameExists = 3;
-
+constexpr int patience = 2000; // in milliseconds
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
-
-uint requestName(const QDBusConnection& bus, const QString& name, int patience)
-{
-    auto request = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"RequestName"_s);
-    request << name << doNotQueue;
-    return bus.call(request, QDBus::Block, patience).arguments().value(0).toUInt();
-}
-
-/// Lets Qt try once in vain: it remembers that there is no bus. An address of the user's is left for the
-/// programs that are started from here; where there is none, what stands in for it keeps a bus from being
-/// started later.
-void doWithoutBus()
-{
-    const QByteArray own = qgetenv(addressVariable);
-    qputenv(addressVariable, noAddress);
-    QDBusConnection::sessionBus();
-    if (!own.isEmpty())
-        qputenv(addressVariable, own);
-}
 
 /// What lets the other process bring its window to the front in our stead.
 QVariantMap platformData()
@@ -54,7 +30,7 @@ QVariantMap platformData()
     return data;
 }
 
-bool activateOther(const QDBusConnection& bus, const QString& name, int patience)
+bool activateOther(const QDBusConnection& bus, const QString& name)
 {
     auto request = QDBusMessage::createMethodCall(name, objectPath, interfaceName, u"Activate"_s);
     request << platformData();
@@ -91,10 +67,8 @@ private:
     std::function<void()> m_raise;
 };
 
-SingleInstance::SingleInstance(QString name, std::function<void()> raise, std::chrono::milliseconds patience)
-    : m_name(std::move(name))
-    , m_patience(patience)
-    , m_application(std::make_unique<Application>(std::move(raise)))
+SingleInstance::SingleInstance(QString name, std::function<void()> raise)
+    : m_name(std::move(name)), m_application(std::make_unique<Application>(std::move(raise)))
 {
 }
 
@@ -102,23 +76,15 @@ SingleInstance::~SingleInstance() = default;
 
 SingleInstance::Role SingleInstance::claim()
 {
-    if (probeSessionBus(m_patience) != SessionBus::Answers) {
-        doWithoutBus();
-        return Role::Alone;
-    }
-
+    startNoSessionBus();
     auto bus = QDBusConnection::sessionBus();
-    const int patience = int(m_patience.count());
+    if (!bus.isConnected())
+        return Role::Alone;
     // Before the name: whoever finds it owned calls the object at once.
     bus.registerObject(objectPath, m_application.get(), QDBusConnection::ExportAllSlots);
-    switch (requestName(bus, m_name, patience)) {
-    case primaryOwner:
+    if (bus.registerService(m_name))
         return Role::First;
-    case nameExists:
-        return activateOther(bus, m_name, patience) ? Role::Second : Role::Alone;
-    default:
-        return Role::Alone;
-    }
+    return activateOther(bus, m_name) ? Role::Second : Role::Alone;
 }
 
 #include "SingleInstance.moc"

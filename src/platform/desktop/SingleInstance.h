@@ -4,7 +4,6 @@
 
 #include <QObject>
 
-#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -22,26 +21,21 @@ public:
         First,
         /// Another process runs and has been asked to show its window: end now.
         Second,
-        /// There is no bus that answers, or the other process does not: open as if alone.
+        /// There is no bus, or the other process does not answer: open as if alone.
         Alone,
     };
 
-    /// Nobody is waited for longer than `patience` at each of at most four steps.
-    SingleInstance(QString name, std::function<void()> raise,
-        std::chrono::milliseconds patience = std::chrono::seconds(2));
+    SingleInstance(QString name, std::function<void()> raise);
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
-    /// Call once, before there is an application object: Qt joins the bus when that is made, would wait
-    /// without end for a bus that does not answer, and start one where there is none. It is kept from both
-    /// here.
+    /// Call once, before there is an application object. The other process is waited for two seconds.
     Role claim();
 
 private:
     class Application;
 
     QString m_name;
-    std::chrono::milliseconds m_patience;
     std::unique_ptr<Application> m_application;
 };

@@ -12,14 +12,13 @@
 #include <csignal>
 #include <future>
 #include <memory>
+#include <vector>
 
 namespace {
 
 // What is read at once is still in the processor's cache when it is hashed; what is written at once keeps a
 // disk busy.
 constexpr std::size_t readBlock = std::size_t{64} << 10;
-// Starting a thread for each costs nothing beside hashing one.
-constexpr std::size_t aheadBlock = std::size_t{4} << 20;
 constexpr std::size_t writeBlock = std::size_t{8} << 20;
 
 /// Memory straight from the system, which has it back at once: the allocator keeps some.
@@ -123,33 +122,21 @@ try {
     return tl::unexpected(systemFailure(ENOMEM));
 }
 
-Result<void> PosixFiles::readInBlocks(const Path& file, Reading reading, const Sink& sink) const
+Result<void> PosixFiles::readInBlocks(const Path& file, const Sink& sink) const
 try {
     const auto opened = openForReading(file);
     if (!opened)
         return tl::unexpected(opened.error());
 
-    const bool isAhead = reading == Reading::Ahead;
-    const auto start = isAhead ? std::launch::async | std::launch::deferred : std::launch::deferred;
-    const std::size_t size = std::min(opened->size + 1, isAhead ? aheadBlock : readBlock);
-    auto block = std::make_unique_for_overwrite<std::byte[]>(size);
-    std::unique_ptr<std::byte[]> other;
-    auto count = opened->descriptor.read({block.get(), size});
-    while (count) {
-        std::future<Result<std::size_t>> next;
-        const bool isLast = *count < size;
-        if (!isLast) {
-            if (!other)
-                other = std::make_unique_for_overwrite<std::byte[]>(size);
-            next = std::async(start, [&] { return opened->descriptor.read({other.get(), size}); });
-        }
-        auto taken = sink({block.get(), *count});
-        if (isLast || !taken)
+    std::vector<std::byte> block(std::min(opened->size + 1, readBlock));
+    for (;;) {
+        const auto count = opened->descriptor.read(block);
+        if (!count)
+            return tl::unexpected(count.error());
+        auto taken = sink(std::span(block).first(*count));
+        if (!taken || *count < block.size())
             return taken;
-        count = next.get();
-        block.swap(other);
     }
-    return tl::unexpected(count.error());
 } catch (const std::bad_alloc&) {
     return tl::unexpected(systemFailure(ENOMEM));
 }

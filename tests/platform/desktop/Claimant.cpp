@@ -7,18 +7,14 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 
-/// Starts as the program does, with so many milliseconds of patience, and says which role it got. In the
-/// first role it stays and says with which token it is raised; else it says what bus a program that it
-/// started would use.
+/// Starts as the program does, and says which role it got. In the first role it stays and says with which
+/// token it is raised; else it says what bus a program that it started would use.
 int main(int argumentCount, char** arguments)
 {
     ::setlinebuf(stdout);
-    SingleInstance instance(
-        instanceName(QStringLiteral("org.orbanel.test"), "/Applications/Test.app"),
-        [] { std::puts(qgetenv("XDG_ACTIVATION_TOKEN").constData()); },
-        std::chrono::milliseconds(std::atoi(arguments[1])));
+    SingleInstance instance(instanceName(QStringLiteral("org.orbanel.test"), "/Applications/Test.app"),
+        [] { std::puts(qgetenv("XDG_ACTIVATION_TOKEN").constData()); });
     const auto role = instance.claim();
     const QCoreApplication application(argumentCount, arguments);
     // What Qt itself does on many desktops while it starts.

@@ -112,10 +112,6 @@ TEST_F(DesktopWorkspaceTest, WhatCannotBeOpenedSaysWhy)
 
     writeFile(entry, entryHead + "/no/such/program");
     EXPECT_EQ(open(entry).error(), (Failure{u"GIO"_s, 0, u"Ярлык программы повреждён или отключён."_s}));
-    writeFile(entry, entryHead + "sh");
-    session::signalBus(SIGSTOP);
-    EXPECT_EQ(open(entry).error(), (Failure{systemDomain, ETIMEDOUT, u"Рабочий стол не отвечает."_s}));
-    session::signalBus(SIGCONT);
 }
 
 TEST_F(DesktopWorkspaceTest, RevealingAsksTheFileManagerElseOpensTheFolder)

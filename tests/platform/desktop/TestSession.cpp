@@ -64,9 +64,3 @@ std::string session::nextReport()
 {
     return (std::stringstream() << std::ifstream(home() / "report").rdbuf()).str();
 }
-
-void session::signalBus(int number)
-{
-    ASSERT_GT(environment->bus.processId(), 0) << "else everything would be signalled that runs the tests";
-    ::kill(pid_t(environment->bus.processId()), number);
-}

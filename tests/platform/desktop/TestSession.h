@@ -13,7 +13,5 @@ Path home();
 /// The next text that a program started by a test writes to the pipe named by the variable REPORT. Waits for
 /// it.
 std::string nextReport();
-/// Stopped by a signal, the session bus takes connections and does not answer.
-void signalBus(int number);
 
 } // namespace session
