@@ -6,19 +6,22 @@
 #       PRIVATE_LINKS simdjson::simdjson
 #       SOURCES StoreApp.cpp Catalog.cpp)
 #
-# It stands in the layer's own folder: src/ui/model becomes the layer `ui/model` and the target plovi_ui_model. BELOW
-# names every layer that it may include. LINKS also reaches those that use the layer, PRIVATE_LINKS does not. MOC runs
-# Qt's moc over it.
+# It stands in the layer's own folder: src/ui/model becomes the layer `ui/model` and the target plovi_ui_model, tools/pack/files
+# becomes `pack/files` and plovi_pack_files. BELOW names every layer that it may include. LINKS also reaches those that
+# use the layer, PRIVATE_LINKS does not. MOC runs Qt's moc over it.
 function(plovi_layer)
     cmake_parse_arguments(arg "MOC" "" "BELOW;LINKS;PRIVATE_LINKS;SOURCES" ${ARGN})
-    file(RELATIVE_PATH name "${PROJECT_SOURCE_DIR}/src" "${CMAKE_CURRENT_SOURCE_DIR}")
+    file(RELATIVE_PATH name "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+    string(REGEX MATCH "^([^/]+)/(.*)$" _ "${name}")
+    set(root "${CMAKE_MATCH_1}")
+    set(name "${CMAKE_MATCH_2}")
     string(REPLACE "/" "_" target "plovi_${name}")
     list(TRANSFORM arg_BELOW REPLACE "/" "_" OUTPUT_VARIABLE below_targets)
     list(TRANSFORM below_targets PREPEND "plovi_")
 
     add_library(${target} STATIC ${arg_SOURCES})
     set_target_properties(${target} PROPERTIES AUTOMOC ${arg_MOC})
-    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/${root}")
     target_link_libraries(${target} PUBLIC plovi_options ${below_targets} ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
 
     if("Qt6::Widgets" IN_LIST arg_LINKS)
@@ -48,7 +51,7 @@ function(plovi_precompile target kind)
     set_property(GLOBAL PROPERTY PLOVI_PRECOMPILED_${kind} ${target})
 endfunction()
 
-# Says that the files of src/<name> include only their own layer and those in the list `below`.
+# Says that the files of src/<name> or tools/<name> include only their own layer and those in the list `below`.
 function(plovi_include_rule name below)
     list(JOIN below "," below)
     set_property(GLOBAL APPEND PROPERTY PLOVI_LAYERS "${name}=${below}")
@@ -60,7 +63,7 @@ function(plovi_add_layers_test)
     list(JOIN rules "\n" text)
     file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/layers.txt" CONTENT "${text}\n")
     add_test(NAME layers
-        COMMAND "${CMAKE_COMMAND}" "-DSOURCES=${PROJECT_SOURCE_DIR}/src" "-DRULES=${PROJECT_BINARY_DIR}/layers.txt"
+        COMMAND "${CMAKE_COMMAND}" "-DPROJECT=${PROJECT_SOURCE_DIR}" "-DRULES=${PROJECT_BINARY_DIR}/layers.txt"
                 -P "${PROJECT_SOURCE_DIR}/cmake/CheckLayers.cmake")
 endfunction()
 

@@ -1,4 +1,5 @@
 #include "pack/trees/ArchiveWriting.h"
+#include "pack/trees/FolderReading.h"
 #include "tools/SampleCollection.h"
 
 #include <QJsonArray>

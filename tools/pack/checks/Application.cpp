@@ -1,5 +1,6 @@
 #include "pack/checks/Application.h"
 
+#include "pack/checks/TreeCheck.h"
 #include "platform/posix/PropertyList.h"
 
 #include <QVersionNumber>

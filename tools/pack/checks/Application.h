@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/StoreApp.h"
+#include "pack/findings/Finding.h"
 #include "pack/trees/Tree.h"
 
 #include <QStringList>

@@ -5,6 +5,7 @@
 #include "pack/checks/EntryRules.h"
 #include "pack/files/FileAccess.h"
 #include "pack/files/Parallel.h"
+#include "pack/trees/FolderReading.h"
 
 #include <algorithm>
 #include <array>

@@ -3,10 +3,12 @@
 #include "pack/checks/Application.h"
 #include "pack/checks/BundleFiles.h"
 #include "pack/checks/EntryRules.h"
+#include "pack/checks/TreeCheck.h"
 #include "pack/files/FileAccess.h"
 #include "pack/files/Parallel.h"
 #include "pack/pictures/Pictures.h"
 #include "pack/trees/ArchiveReading.h"
+#include "pack/trees/FolderReading.h"
 
 #include <algorithm>
 #include <set>

@@ -72,11 +72,11 @@ Severity severityOf(Code code);
 /// Where something was found.
 struct Place {
     /// As a path in the collection or the store.
-    QString file;
+    QString file{};
     /// Counted from 1; 0 for none.
     int line = 0;
     /// The name of the entry; null when it is about none.
-    QString entry;
+    QString entry{};
 };
 
 /// One thing that is wrong.
@@ -86,8 +86,8 @@ struct Finding {
     /// One line in English.
     QString message;
     /// What should stand there, and what does; null when that cannot be said.
-    QString expected;
-    QString found;
+    QString expected{};
+    QString found{};
 };
 
 using Findings = std::vector<Finding>;

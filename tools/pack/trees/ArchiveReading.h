@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pack/findings/Finding.h"
 #include "pack/trees/Tree.h"
 
 /// Reads the ZIP archive through to its last byte without writing anything, and gives what it would unpack to

@@ -10,8 +10,6 @@
 #include <memory>
 #include <vector>
 
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -85,9 +83,8 @@ public:
         }
         if (length < 0)
             return cannot("read"_L1, place, file.errorString());
-        struct stat status { };
-        return total == node.size && fstat(file.handle(), &status) == 0
-            && status.st_mtim.tv_sec == node.written.tv_sec && status.st_mtim.tv_nsec == node.written.tv_nsec;
+        std::error_code error;
+        return total == node.size && std::filesystem::last_write_time(place, error) == node.written;
     }
 
     Result<void> finish()

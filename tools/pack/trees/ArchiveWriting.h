@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pack/findings/Finding.h"
 #include "pack/trees/Tree.h"
 #include "platform/Failure.h"
 

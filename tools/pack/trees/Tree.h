@@ -1,11 +1,9 @@
 #pragma once
 
-#include "pack/findings/Finding.h"
 #include "platform/Path.h"
 
 #include <QByteArray>
 
-#include <ctime>
 #include <map>
 #include <string>
 
@@ -22,7 +20,7 @@ struct TreeNode {
     /// The first bytes of a file, enough to tell a program.
     QByteArray head;
     /// When the file was last written; nothing in an archive.
-    timespec written{};
+    std::filesystem::file_time_type written;
 };
 
 /// An application's folder or archive: its places, named relative to it, in the order of their bytes, so that
@@ -37,9 +35,6 @@ struct Tree {
 inline constexpr qint64 headSize = 512;
 inline constexpr qint64 largestInfoList = qint64(1) << 20;
 
-/// Whether a file of this name is made by a desktop and belongs to no application.
-bool isLitter(const std::string& name);
-
 /// Where a link or a way over links ends.
 struct Resolved {
     enum class End { Found, Missing, Outside };
@@ -47,9 +42,3 @@ struct Resolved {
     std::string name;
 };
 Resolved resolve(const Tree& tree, const std::string& name);
-
-/// Reads what lies in `folder`. Litter is left out, and told like everything that cannot be read.
-Tree readTree(const Path& folder, const Place& place, Findings& findings);
-
-/// Looks for names, links and kinds that do not unpack everywhere as they are.
-void checkTree(const Tree& tree, const Place& place, Findings& findings);

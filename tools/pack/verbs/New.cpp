@@ -5,6 +5,7 @@
 #include "pack/files/FileAccess.h"
 #include "pack/files/Staging.h"
 #include "pack/pictures/Pictures.h"
+#include "pack/trees/FolderReading.h"
 #include "pack/verbs/Verbs.h"
 
 #include <cstdio>
