@@ -1,14 +1,11 @@
 #include "pack/files/FileAccess.h"
 #include "pack/verbs/Verbs.h"
 
-#include <array>
+#include <CLI/CLI.hpp>
+
 #include <clocale>
 #include <cstdio>
-#include <cstdlib>
-#include <functional>
-#include <map>
 #include <new>
-#include <span>
 #include <sysexits.h>
 
 using namespace Qt::StringLiterals;
@@ -16,94 +13,22 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr char generalHelp[] = R"(usage: plovistore-pack VERB ARGUMENT...
-
-Makes and proves stores from collections of applications.
-
-  new COLLECTION APP.app...       make a collection from applications
-  check PATH                      tell what is wrong with a collection or a store
-  pack COLLECTION STORE.app       pack a collection into a store
-  diff OLD.app NEW.app            tell which entries differ between two stores
-  sums STORE.app                  write what `sha256sum -c` reads
-
-  --help      with a verb: what it takes
-  --version   the version of this tool
-
-Exit status: 0 nothing is wrong; 1 something cannot be read or written; 2
-errors were found, or entries differ; 64 wrong arguments.
-)";
-
-constexpr char newHelp[] = R"(usage: plovistore-pack new COLLECTION APP.app...
-
-Makes the folder COLLECTION, which must not exist: collection.json with an
-entry for each application, a brand image and a screenshot to begin with, the
-applications in apps/ and their icons in icons/. Name, identifier, version,
-minimum, architecture and icon are the application's own; the texts are yours
-to write.
-)";
-
-constexpr char checkHelp[] = R"(usage: plovistore-pack check PATH [--apps DIR] [--json] [--strict]
-
-Tells everything that is wrong with PATH, a collection's folder or a store's
-.app, and writes nothing. A store's archives are read through to the
-applications in them; any number of entries can be proved.
-
-  --apps DIR   where the collection's applications lie, instead of PATH/apps
-  --json       write one JSON object instead of lines
-  --strict     end with status 2 for warnings too
-)";
-
-constexpr char packHelp[] =
-    R"(usage: plovistore-pack pack COLLECTION STORE.app [--apps DIR]
-                            [--program STORE.app] [--json] [--strict]
-
-Packs COLLECTION (collection.json, Brand.svg, BriskoScreen.png, icons/, apps/)
-into a whole store and proves it. STORE.app is replaced in one step, and only
-if there is no error. The same collection gives the same bytes.
-
-  --apps DIR            where the applications lie, instead of COLLECTION/apps
-  --program STORE.app   the bundle to take program, window and Info.plist from,
-                        instead of the one that this tool belongs to
-  --json                write one JSON object instead of lines
-  --strict              end with status 2, and without a store, for warnings too
-)";
-
-constexpr char diffHelp[] = R"(usage: plovistore-pack diff OLD.app NEW.app [--json]
-
-Tells which entries were added, removed and changed from one store to the
-other. Ends with status 2 when they differ.
-
-  --json   write one JSON object instead of lines
-)";
-
-constexpr char sumsHelp[] = R"(usage: plovistore-pack sums STORE.app
-
-Writes a line with the SHA-256 of every file of the store, for `sha256sum -c`.
-)";
-
-/// What stands behind the verb.
+/// What stands behind the verb. Texts that were not given are empty.
 struct Arguments {
-    std::vector<Path> places;
-    std::map<std::string, std::string> options;
+    std::string place;
+    std::string other;
+    std::vector<std::string> apps;
+    std::string appsFolder;
+    std::string program;
+    bool json = false;
+    bool strict = false;
 
-    bool has(const std::string& option) const { return options.contains(option); }
-    std::optional<Path> path(const std::string& option) const
+    Format format() const { return json ? Format::Json : Format::Text; }
+    Reporting reporting() const { return {format(), strict}; }
+    std::optional<Path> appsPath() const
     {
-        const auto found = options.find(option);
-        return found == options.end() ? std::nullopt : std::optional<Path>(found->second);
+        return appsFolder.empty() ? std::nullopt : std::optional<Path>(appsFolder);
     }
-    Reporting reporting() const { return {has("--json") ? Format::Json : Format::Text, has("--strict")}; }
-};
-
-struct Verb {
-    const char* name;
-    const char* help;
-    /// How many places it takes.
-    std::size_t least;
-    std::size_t most;
-    /// The options that it knows; those with "=" behind take a value.
-    std::vector<std::string> options;
-    std::function<Result<int>(const Arguments&)> run;
 };
 
 /// The bundle that this tool was built or installed with.
@@ -119,108 +44,107 @@ Path ownProgram()
     return (folder / "../PloviStore.app").lexically_normal();
 }
 
-Result<int> runPack(const Arguments& given)
+/// Adds one name, or several, that the verb does not do without.
+template <class Names>
+void addPlace(CLI::App& verb, const char* title, Names& names, const char* help)
 {
-    const PackOrder order{.collection = given.places[0],
-        .store = given.places[1],
-        .apps = given.path("--apps").value_or(given.places[0] / "apps"),
-        .program = given.path("--program").value_or(ownProgram())};
-    return pack(order, given.reporting());
+    const auto isName = [](const std::string& text) { return text.empty() ? "an empty name" : ""; };
+    verb.add_option(title, names, help)->required()->type_name("")->check(isName, "");
 }
 
-const std::vector<Verb>& verbs()
+void addFolder(CLI::App& verb, const char* option, std::string& folder, const char* title, const char* help)
 {
-    static const std::vector<Verb> list{
-        {"new", newHelp, 2, 10'000, {},
-            [](const Arguments& given) {
-                return makeCollection(given.places[0], {given.places.begin() + 1, given.places.end()});
-            }},
-        {"check", checkHelp, 1, 1, {"--apps=", "--json", "--strict"},
-            [](const Arguments& given) {
-                return check(given.places[0], given.path("--apps"), given.reporting());
-            }},
-        {"pack", packHelp, 2, 2, {"--apps=", "--program=", "--json", "--strict"}, runPack},
-        {"diff", diffHelp, 2, 2, {"--json"},
-            [](const Arguments& given) {
-                return diff(given.places[0], given.places[1], given.reporting().format);
-            }},
-        {"sums", sumsHelp, 1, 1, {}, [](const Arguments& given) { return sums(given.places[0]); }},
-    };
-    return list;
+    verb.add_option(option, folder, help)->type_name(title)->take_last();
 }
 
-int wrongArguments(const std::string& what)
+void addJson(CLI::App& verb, Arguments& given)
 {
-    std::fprintf(stderr, "plovistore-pack: %s; --help tells more\n", what.c_str());
-    return EX_USAGE;
+    verb.add_flag("--json", given.json, "write one JSON object instead of lines");
 }
 
-/// The arguments; or what is wrong with them.
-tl::expected<Arguments, std::string> parse(const Verb& verb, std::span<char*> given)
+/// Describes the verbs; parsing then runs the one that is given.
+void addVerbs(CLI::App& tool, Arguments& given, Result<int>& status)
 {
-    Arguments arguments;
-    const auto knows = [&](const std::string& option) {
-        return std::find(verb.options.begin(), verb.options.end(), option) != verb.options.end();
-    };
-    bool onlyPlaces = false;
-    for (auto argument = given.begin(); argument != given.end(); ++argument) {
-        const std::string text = *argument;
-        const auto equals = text.find('=');
-        const std::string option = text.substr(0, equals);
-        if (onlyPlaces || !text.starts_with("-") || text == "-") {
-            if (text.empty())
-                return tl::unexpected(std::string("an empty name"));
-            arguments.places.emplace_back(text);
-        } else if (text == "--") {
-            onlyPlaces = true;
-        } else if (text == "--help" || knows(text)) {
-            arguments.options[text];
-        } else if (!knows(option + '=')) {
-            return tl::unexpected("unknown option " + text);
-        } else if (equals != std::string::npos) {
-            arguments.options[option] = text.substr(equals + 1);
-        } else if (++argument != given.end()) {
-            arguments.options[option] = *argument;
-        } else {
-            return tl::unexpected(option + " needs a value");
-        }
+    CLI::App& make = *tool.add_subcommand("new", "make a collection from applications");
+    addPlace(make, "COLLECTION", given.place, "the folder to make, which must not exist");
+    addPlace(make, "APP.app", given.apps, "the applications");
+    make.footer("Name, identifier, version, minimum, architecture and icon are the application's own; the\n"
+                "texts are yours to write, and a brand image and a screenshot are there to begin with.");
+    make.callback([&] { status = makeCollection(given.place, {given.apps.begin(), given.apps.end()}); });
+
+    CLI::App& check = *tool.add_subcommand("check", "tell what is wrong with a collection or a store");
+    addPlace(check, "PATH", given.place, "a collection's folder or a store's .app");
+    addFolder(check, "--apps", given.appsFolder, "DIR",
+        "where the collection's applications lie, instead of PATH/apps");
+    addJson(check, given);
+    check.add_flag("--strict", given.strict, "end with status 2 for warnings too");
+    check.footer(
+        "Writes nothing. A store's archives are read through to the applications in them; any number\n"
+        "of entries can be proved.");
+    check.callback([&] { status = ::check(given.place, given.appsPath(), given.reporting()); });
+
+    CLI::App& pack = *tool.add_subcommand("pack", "pack a collection into a store");
+    addPlace(pack, "COLLECTION", given.place,
+        "the folder with collection.json, Brand.svg, BriskoScreen.png, icons/ and apps/");
+    addPlace(pack, "STORE.app", given.other, "the store to make, or to replace");
+    addFolder(
+        pack, "--apps", given.appsFolder, "DIR", "where the applications lie, instead of COLLECTION/apps");
+    addFolder(pack, "--program", given.program, "STORE.app",
+        "the bundle to take program, window and Info.plist from, instead of the one that this tool belongs "
+        "to");
+    addJson(pack, given);
+    pack.add_flag("--strict", given.strict, "end with status 2, and without a store, for warnings too");
+    pack.footer("The store is proved and replaced in one step, and only if there is no error. The same\n"
+                "collection gives the same bytes.");
+    pack.callback([&] {
+        status = ::pack({.collection = given.place,
+                            .store = given.other,
+                            .apps = given.appsPath().value_or(Path(given.place) / "apps"),
+                            .program = given.program.empty() ? ownProgram() : Path(given.program)},
+            given.reporting());
+    });
+
+    CLI::App& diff = *tool.add_subcommand("diff", "tell which entries differ between two stores");
+    addPlace(diff, "OLD.app", given.place, "the one store");
+    addPlace(diff, "NEW.app", given.other, "the other store");
+    addJson(diff, given);
+    diff.footer("Ends with status 2 when they differ.");
+    diff.callback([&] { status = ::diff(given.place, given.other, given.format()); });
+
+    CLI::App& sums = *tool.add_subcommand("sums", "write what `sha256sum -c` reads");
+    addPlace(sums, "STORE.app", given.place, "the store whose files are summed");
+    sums.callback([&] { status = ::sums(given.place); });
+}
+
+int run(int argc, char* argv[])
+{
+    CLI::App tool("Makes and proves stores from collections of applications.", "plovistore-pack");
+    tool.set_help_flag("--help", "say how the tool, or the verb before it, is used");
+    tool.set_version_flag("--version", "plovistore-pack " PLOVI_VERSION, "the version of this tool");
+    tool.require_subcommand(0, 1);
+    tool.get_formatter()->label("OPTIONS", "OPTION...");
+    tool.get_formatter()->label("SUBCOMMAND", "VERB");
+    tool.footer(
+        "Exit status: 0 nothing is wrong; 1 something cannot be read or written; 2 errors were found,\n"
+        "or entries differ; 64 wrong arguments.");
+    Arguments given;
+    Result<int> status;
+    addVerbs(tool, given, status);
+    try {
+        tool.parse(argc, argv);
+        if (tool.get_subcommands().empty())
+            throw CLI::RequiredError("a verb");
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0)
+            return tool.exit(error);
+        std::fprintf(stderr, "plovistore-pack: %s; --help tells more\n", error.what());
+        return EX_USAGE;
+    } catch (const std::bad_alloc&) {
+        status = tl::unexpected(Failure{packDomain, 1, u"memory is short"_s});
     }
-    const auto count = arguments.places.size();
-    if (!arguments.has("--help") && (count < verb.least || count > verb.most))
-        return tl::unexpected(
-            std::string(verb.name) + (count < verb.least ? " needs more" : " takes fewer") + " names");
-    return arguments;
-}
-
-/// The status, unless something that was written has not arrived.
-int ending(int status)
-{
-    if (std::fflush(stdout) != 0) {
-        std::perror("plovistore-pack: cannot write to standard output");
-        return 1;
-    }
-    if (std::ferror(stdout) != 0) {
-        std::fputs("plovistore-pack: cannot write to standard output\n", stderr);
-        return 1;
-    }
-    return status;
-}
-
-int run(const Verb& verb, std::span<char*> given)
-{
-    const auto arguments = parse(verb, given);
-    if (!arguments)
-        return wrongArguments(arguments.error());
-    if (arguments->has("--help")) {
-        std::fputs(verb.help, stdout);
-        return ending(0);
-    }
-    const auto status = verb.run(*arguments);
-    if (!status) {
+    if (!status)
         std::fprintf(stderr, "plovistore-pack: %s\n", qUtf8Printable(status.error().localizedDescription));
-        return 1;
-    }
-    return ending(*status);
+    return status.value_or(1);
 }
 
 } // namespace
@@ -229,27 +153,10 @@ int main(int argc, char* argv[])
 {
     // Names are UTF-8 and reasons English in every locale.
     std::setlocale(LC_ALL, "C.UTF-8");
-    const std::span arguments(argv, std::size_t(argc));
-    if (arguments.size() < 2)
-        return wrongArguments("what shall be done?");
-    const std::string_view first = arguments[1];
-    if (first == "--help") {
-        std::fputs(generalHelp, stdout);
-        return ending(0);
+    const int status = run(argc, argv);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        std::perror("plovistore-pack: cannot write to standard output");
+        return 1;
     }
-    if (first == "--version") {
-        std::printf("plovistore-pack %s\n", PLOVI_VERSION);
-        return ending(0);
-    }
-    for (const Verb& verb : verbs()) {
-        if (first == verb.name) {
-            try {
-                return run(verb, arguments.subspan(2));
-            } catch (const std::bad_alloc&) {
-                std::fputs("plovistore-pack: memory is short\n", stderr);
-                return 1;
-            }
-        }
-    }
-    return wrongArguments("unknown verb " + std::string(first));
+    return status;
 }
