@@ -1,4 +1,5 @@
 #include "app/SelfTest.h"
+#include "app/window/LoadFault.h"
 #include "app/window/WindowModule.h"
 #include "platform/BundleLayout.h"
 #include "platform/posix/PosixBundles.h"
@@ -38,7 +39,7 @@ int window(const Path& store, int argc, char* argv[])
     void* const library = dlopen(module.c_str(), RTLD_LAZY | RTLD_LOCAL);
     auto* const run = library ? reinterpret_cast<RunWindow*>(dlsym(library, runWindowSymbol)) : nullptr;
     if (!run) {
-        std::fprintf(stderr, "PloviStore: the window cannot be loaded: %s\n", dlerror());
+        std::fputs(loadFault(dlerror()).c_str(), stderr);
         return 1;
     }
     return run(argc, argv);

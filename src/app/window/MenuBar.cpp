@@ -3,6 +3,8 @@
 #include "ui/Look.h"
 #include "ui/kit/Style.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QStyleOption>
 
 MenuBar::MenuBar(const std::function<bool(Command)>& isAvailable, QWidget* parent) : QMenuBar(parent)
@@ -29,6 +31,15 @@ MenuBar::MenuBar(const std::function<bool(Command)>& isAvailable, QWidget* paren
             // Unavailable is what the menu shows; a shortcut asks the text itself.
             connect(shown, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
         }
+    }
+}
+
+void MenuBar::takeOrReturnFocus()
+{
+    // A menu bar remembers whom to give the focus back to only when it was taken with this key.
+    for (const auto step : {QEvent::ShortcutOverride, QEvent::KeyRelease}) {
+        QKeyEvent alt(step, Qt::Key_Alt, Qt::NoModifier);
+        QApplication::sendEvent(window(), &alt);
     }
 }
 

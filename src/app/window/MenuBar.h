@@ -16,6 +16,8 @@ public:
 
     /// The keyboard opened the menu that was opened last.
     bool wasOpenedByKeyboard() const { return m_wasOpenedByKeyboard; }
+    /// What the key Alt does.
+    void takeOrReturnFocus();
 
 Q_SIGNALS:
     void chosen(Command command);

@@ -1,5 +1,6 @@
 #include "app/window/PloviStoreMain.h"
 
+#include "app/window/LoadFault.h"
 #include "platform/BundleLayout.h"
 #include "platform/desktop/DesktopPlatform.h"
 #include "platform/desktop/EndingSignals.h"
@@ -13,19 +14,34 @@
 #include <QScopedValueRollback>
 #include <QTranslator>
 
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
+#include <utility>
+
+#include <dlfcn.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Takes the toolkit's messages while it looks for a screen. The only thing fatal then is that there is none.
+/// Takes the toolkit's messages while it looks for a screen. The only thing fatal then is that there is none,
+/// or that its plug-in for the one that there is does not load.
 void endWithoutScreen(QtMsgType type, const QMessageLogContext&, const QString&)
 {
     if (type != QtFatalMsg)
         return;
-    std::fputs("PloviStore: нет экрана, на котором можно показать окно.\n", stderr);
+    std::setlocale(LC_ALL, "C");
+    std::string fault = "PloviStore: нет экрана, на котором можно показать окно.\n";
+    const Path plugins = QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString();
+    for (const auto& [display, plugin] :
+        {std::pair("DISPLAY", "libqxcb.so"), {"WAYLAND_DISPLAY", "libqwayland-generic.so"}}) {
+        if (qEnvironmentVariableIsSet(display)
+            && !dlopen((plugins / "platforms" / plugin).c_str(), RTLD_LAZY))
+            fault = loadFault(dlerror());
+    }
+    std::fputs(fault.c_str(), stderr);
     std::_Exit(EXIT_FAILURE);
 }
 

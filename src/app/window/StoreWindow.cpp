@@ -46,6 +46,8 @@ StoreWindow::StoreWindow(Store& store, QWidget* parent)
     });
     connect(
         new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, &StoreWindow::refresh);
+    connect(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, m_menuBar,
+        &MenuBar::takeOrReturnFocus);
 }
 
 StoreWindow::~StoreWindow()

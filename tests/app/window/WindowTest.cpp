@@ -1,4 +1,5 @@
 #include "app/window/PloviStoreMain.h"
+#include "app/window/WindowModule.h"
 #include "support/FakePlatform.h"
 #include "support/Samples.h"
 #include "ui/kit/PlainButton.h"
@@ -7,11 +8,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -178,6 +184,25 @@ TEST_F(WindowTest, WhatTheKeyboardOpensShowsTheRingAndCoversTheWindowsItems)
     EXPECT_EQ(window()->focusWidget(), search);
 }
 
+TEST_F(WindowTest, AltAndF10TakeTheFocusToTheMenuBarAndBackToWhereItWas)
+{
+    window()->show();
+    window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    choose(u"Найти приложение"_s);
+    auto* const search = window()->findChild<QLineEdit*>();
+    auto* const bar = window()->findChild<QMenuBar*>();
+    for (const auto& [take, giveBack] : {std::pair(Qt::Key_Alt, Qt::Key_Alt), {Qt::Key_F10, Qt::Key_F10},
+             {Qt::Key_F10, Qt::Key_Alt}, {Qt::Key_F10, Qt::Key_Escape}}) {
+        QTest::keyClick(QApplication::focusWidget(), take);
+        EXPECT_EQ(QApplication::focusWidget(), bar);
+        EXPECT_EQ(bar->activeAction(), bar->actions().first());
+        QTest::keyClick(QApplication::focusWidget(), giveBack);
+        EXPECT_EQ(QApplication::focusWidget(), search);
+        EXPECT_EQ(bar->activeAction(), nullptr);
+    }
+}
+
 TEST_F(WindowTest, EditingWorksOnTheSearch)
 {
     window()->show();
@@ -218,4 +243,61 @@ TEST_F(WindowTest, TheProgramEndsWhenAskedOrWithoutAScreenAndKeepsItsStandardStr
     EXPECT_TRUE(process.waitForFinished());
     EXPECT_EQ(process.exitCode(), 1);
     EXPECT_EQ(process.readAllStandardError(), "PloviStore: нет экрана, на котором можно показать окно.\n");
+}
+
+TEST_F(WindowTest, ALibraryThatTheWindowLacksIsNamed)
+{
+    const QTemporaryDir folder;
+    const Path contents = Path(folder.path().toStdString()) / "PloviStore.app/Contents";
+    const auto copy = [&contents](const Path& source, const Path& to, const QByteArray& needed = {}) {
+        std::filesystem::create_directories((contents / to).parent_path());
+        std::filesystem::copy(source, contents / to, std::filesystem::copy_options::overwrite_existing);
+        QFile file(contents / to);
+        EXPECT_TRUE(file.open(QFile::ReadWrite));
+        const QByteArray bytes = file.readAll();
+        // Needs from now on one that no machine has.
+        const auto at = needed.isEmpty() ? -1 : bytes.indexOf(needed + ".so.6");
+        EXPECT_TRUE(needed.isEmpty() || (file.seek(at) && file.write("libNot") == 6));
+    };
+    const auto lacks = [](const QByteArray& library) {
+        return "PloviStore: на этом компьютере нет библиотеки " + library + ", без неё окно не показать.\n";
+    };
+    const Path original = PROGRAM;
+    const Path module = original.parent_path().parent_path() / "Frameworks" / windowModuleFile;
+    const Path plugins = QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString();
+    QProcess process;
+    process.setProgram(QString::fromStdString(contents / "MacOS/PloviStore"));
+    const auto expectFault = [&process](const QByteArray& fault) {
+        process.start();
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 1);
+        EXPECT_EQ(process.readAllStandardError(), fault);
+    };
+    copy(original, "MacOS/PloviStore");
+    expectFault(lacks(QByteArray::fromStdString(contents / "Frameworks" / windowModuleFile)));
+    copy(module, Path("Frameworks") / windowModuleFile, "libQt6Widgets");
+    expectFault(lacks("libNotWidgets.so.6"));
+    std::ofstream(contents / "Frameworks" / windowModuleFile) << std::string(100, 'x');
+    process.start();
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_THAT(process.readAllStandardError().toStdString(),
+        testing::MatchesRegex("PloviStore: окно не загружается: .*invalid ELF header\n"));
+
+    copy(module, Path("Frameworks") / windowModuleFile);
+    std::ofstream(contents / "MacOS/qt.conf") << "[Paths]\nPrefix=..\nPlugins=Frameworks/plugins\n";
+    const auto platforms = Path("Frameworks/plugins/platforms");
+    QProcessEnvironment environment;
+    environment.insert(u"DISPLAY"_s, u":none"_s);
+    process.setProcessEnvironment(environment);
+    copy(plugins / "platforms/libqxcb.so", platforms / "libqxcb.so");
+    expectFault("PloviStore: нет экрана, на котором можно показать окно.\n");
+    copy(plugins / "platforms/libqxcb.so", platforms / "libqxcb.so", "libQt6XcbQpa");
+    expectFault(lacks("libNotXcbQpa.so.6"));
+    environment.insert(u"LC_ALL"_s, u"ru_RU.UTF-8"_s);
+    environment.insert(u"WAYLAND_DISPLAY"_s, u"none"_s);
+    environment.remove(u"DISPLAY"_s);
+    process.setProcessEnvironment(environment);
+    copy(plugins / "platforms/libqwayland-generic.so", platforms / "libqwayland-generic.so",
+        "libQt6WaylandClient");
+    expectFault(lacks("libNotWaylandClient.so.6"));
 }
