@@ -41,13 +41,15 @@ bool take(ondemand::value value, QStringList& field)
 template <std::integral Value>
 bool take(ondemand::value value, Value& field)
 {
-    if constexpr (std::same_as<Value, bool>)
+    if constexpr (std::same_as<Value, bool>) {
         return value.get_bool().get(field) == simdjson::SUCCESS;
-    std::int64_t number = 0;
-    const bool isTaken = value.get_int64().get(number) == simdjson::SUCCESS && std::in_range<Value>(number);
-    if (isTaken)
+    } else {
+        std::int64_t number = 0;
+        if (value.get_int64().get(number) != simdjson::SUCCESS || !std::in_range<Value>(number))
+            return false;
         field = static_cast<Value>(number);
-    return isTaken;
+        return true;
+    }
 }
 
 KeyReading::State take(ondemand::value value, CodingKeys wanted, StoreApp& app)
