@@ -77,7 +77,6 @@ Result<Catalog> complete(CatalogReading reading)
     if (!reading.isList)
         return failure(CatalogError::NotAList, u"Файл каталога повреждён: это не список записей."_s);
     Catalog catalog;
-    catalog.reserve(reading.entries.size());
     for (EntryReading& entry : reading.entries) {
         auto app = complete(entry, qsizetype(catalog.size()) + 1);
         if (!app)

@@ -103,11 +103,12 @@ Kind JsonText::cutBrokenLine()
 {
     auto reason = simdjson::SUCCESS;
     std::size_t start = 0;
-    for (std::size_t end = 0; end < m_list.size(); start = end) {
-        end = std::min(m_list.find('\n', start), m_list.size() - 1) + 1;
+    while (true) {
+        const std::size_t end = std::min(m_list.find('\n', start), m_list.size());
         reason = open(start, end - start);
-        if (reason != simdjson::SUCCESS && reason != simdjson::EMPTY)
+        if ((reason != simdjson::SUCCESS && reason != simdjson::EMPTY) || end == m_list.size())
             break;
+        start = end + 1;
     }
     m_list.resize(start);
     m_list.push_back(']');

@@ -108,8 +108,8 @@ TEST(Catalog, NamesTheLineWhereTheFileStopsBeingJson)
         {"[\n\"\\q\"\n]", 2}, {"[\n\"\\ud800\"\n]", 2}, {"[\n\"a\n,]", 2}, {"[{\n\"\\u12\":1\n}]", 2},
         {"[1,\n\"\xff\"]", 2}, {"[1,\n,\"\n\xff\"]", 2}, {"[\n01\n]", 2}, {"[\n1.\n]", 2}, {"[\n-\n]", 2},
         {"[\n1e\n]", 2}, {"[\n1" + QByteArray(400, '0') + "x\n]", 2}, {"[\ntru\n]", 2}, {"[\nnull1\n]", 2},
-        {"\xef\xbb\xbf[]", 1}, {'\n' + QByteArray(1025, '[') + QByteArray(1025, ']'), 2},
-        {"\n" + QByteArray(100'000, '['), 2}};
+        {"\xef\xbb\xbf[]", 1}, {'\n' + QByteArray("{\"a\":").repeated(1025) + '1' + QByteArray(1025, '}'), 2},
+        {'\n' + QByteArray(1025, '[') + QByteArray(1025, ']'), 2}, {"\n" + QByteArray(100'000, '['), 2}};
     for (const auto& [json, line] : broken)
         EXPECT_EQ(failureOf(json), brokenIn(line))
             << json.first(std::min<qsizetype>(json.size(), 20)).toStdString();
