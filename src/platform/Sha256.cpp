@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 
-#include <openssl/crypto.h>
 #include <openssl/evp.h>
 
 #include <array>
@@ -13,24 +12,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// OpenSSL's functions. Only what is saved or checked needs them, and loading them takes 7 of the 90 ms until
-/// the window appears.
+/// OpenSSL. Only what is saved or checked needs it, and loading it takes 7 of the 90 ms of the window's
+/// start.
 struct Crypto {
-    Crypto()
-    {
-        // What a machine's administrator writes in OpenSSL's settings is meant for its connections.
-        if (library.isLoaded())
-            OPENSSL_init_crypto(OPENSSL_INIT_NO_LOAD_CONFIG, nullptr);
-    }
-
     LateLibrary library{"libcrypto.so." QT_STRINGIFY(OPENSSL_SHLIB_VERSION)};
     PLOVI_LATE_FUNCTION(EVP_DigestFinal_ex);
     PLOVI_LATE_FUNCTION(EVP_DigestInit_ex);
     PLOVI_LATE_FUNCTION(EVP_DigestUpdate);
     PLOVI_LATE_FUNCTION(EVP_MD_CTX_free);
     PLOVI_LATE_FUNCTION(EVP_MD_CTX_new);
-    PLOVI_LATE_FUNCTION(EVP_sha256);
-    PLOVI_LATE_FUNCTION(OPENSSL_init_crypto);
+    PLOVI_LATE_FUNCTION(EVP_MD_fetch);
+    PLOVI_LATE_FUNCTION(OSSL_LIB_CTX_new);
+
+    /// Found without the machine's configuration, which may forbid or break it.
+    EVP_MD* sha256 = library.isLoaded() ? EVP_MD_fetch(OSSL_LIB_CTX_new(), "SHA2-256", nullptr) : nullptr;
 };
 
 const Crypto& crypto()
@@ -47,41 +42,31 @@ tl::unexpected<Failure> unavailable()
 
 } // namespace
 
-struct Sha256::Context {
-    Context()
-        : digest(crypto().library.isLoaded() ? crypto().EVP_MD_CTX_new() : nullptr)
-        , isReady(digest && crypto().EVP_DigestInit_ex(digest, crypto().EVP_sha256(), nullptr) == 1)
-    {
-    }
-    ~Context()
-    {
-        if (digest)
-            crypto().EVP_MD_CTX_free(digest);
-    }
-    Context(const Context&) = delete;
-    Context& operator=(const Context&) = delete;
+void Sha256::Free::operator()(evp_md_ctx_st* context) const
+{
+    crypto().EVP_MD_CTX_free(context);
+}
 
-    EVP_MD_CTX* digest;
-    bool isReady;
-};
-
-Sha256::Sha256() : m_context(std::make_unique<Context>()) { }
-
-Sha256::~Sha256() = default;
+Sha256::Sha256()
+{
+    if (crypto().sha256)
+        m_context.reset(crypto().EVP_MD_CTX_new());
+    if (m_context && !crypto().EVP_DigestInit_ex(m_context.get(), crypto().sha256, nullptr))
+        m_context.reset();
+}
 
 Result<void> Sha256::update(std::span<const std::byte> bytes)
 {
-    if (!m_context->isReady || crypto().EVP_DigestUpdate(m_context->digest, bytes.data(), bytes.size()) != 1)
+    if (!m_context || !crypto().EVP_DigestUpdate(m_context.get(), bytes.data(), bytes.size()))
         return unavailable();
     return {};
 }
 
 Result<QString> Sha256::finalize()
 {
-    std::array<char, EVP_MAX_MD_SIZE> digest{};
-    unsigned length = 0;
+    std::array<char, 32> digest{};
     auto* const bytes = reinterpret_cast<unsigned char*>(digest.data());
-    if (!m_context->isReady || crypto().EVP_DigestFinal_ex(m_context->digest, bytes, &length) != 1)
+    if (!m_context || !crypto().EVP_DigestFinal_ex(m_context.get(), bytes, nullptr))
         return unavailable();
-    return QString::fromLatin1(QByteArray::fromRawData(digest.data(), length).toHex());
+    return QString::fromLatin1(QByteArray::fromRawData(digest.data(), digest.size()).toHex());
 }

@@ -6,20 +6,22 @@
 #include <memory>
 #include <span>
 
+struct evp_md_ctx_st;
+
 /// SHA-256 (FIPS 180-4) over bytes that arrive in pieces. Any thread, one at a time. Fails only where the
 /// library that computes it is broken or memory is short.
 class Sha256 {
 public:
     Sha256();
-    ~Sha256();
-    Sha256(const Sha256&) = delete;
-    Sha256& operator=(const Sha256&) = delete;
 
     Result<void> update(std::span<const std::byte> bytes);
     /// The digest of all bytes so far as 64 lower-case hexadecimal digits. Ends the use of this object.
     Result<QString> finalize();
 
 private:
-    struct Context;
-    std::unique_ptr<Context> m_context;
+    struct Free {
+        void operator()(evp_md_ctx_st* context) const;
+    };
+    /// None when it could not be made.
+    std::unique_ptr<evp_md_ctx_st, Free> m_context;
 };
