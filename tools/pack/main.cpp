@@ -6,6 +6,7 @@
 #include <clocale>
 #include <cstdio>
 #include <new>
+#include <sys/stat.h>
 #include <sysexits.h>
 
 using namespace Qt::StringLiterals;
@@ -153,6 +154,8 @@ int main(int argc, char* argv[])
 {
     // Names are UTF-8 and reasons English in every locale.
     std::setlocale(LC_ALL, "C.UTF-8");
+    // Everybody can read what is made, whoever makes it.
+    umask(S_IWGRP | S_IWOTH);
     const int status = run(argc, argv);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::perror("plovistore-pack: cannot write to standard output");

@@ -4,7 +4,7 @@
 #include "pack/checks/BundleFiles.h"
 #include "pack/checks/EntryRules.h"
 #include "pack/files/FileAccess.h"
-#include "pack/files/Parallel.h"
+#include "pack/findings/Parallel.h"
 #include "pack/trees/FolderReading.h"
 
 #include <algorithm>
@@ -102,13 +102,11 @@ Result<Collection> readCollection(const Path& folder, const Path& apps)
             {.app = text.app, .folder = apps / name, .place = {toText(shownApps / name), 0, text.app.name}});
     }
 
-    std::vector<Findings> found(collection.entries.size());
-    inParallel(found.size(), [&](std::size_t index) {
-        readApplication(collection.entries[index], found[index]);
-        readIcon(folder, collection.entries[index], found[index]);
+    const Findings found = findInParallel(collection.entries.size(), [&](std::size_t index, Findings& some) {
+        readApplication(collection.entries[index], some);
+        readIcon(folder, collection.entries[index], some);
     });
-    for (Findings& some : found)
-        findings.insert(findings.end(), some.begin(), some.end());
+    findings.insert(findings.end(), found.begin(), found.end());
 
     collection.brand = readPicture(folder / "Brand.svg", {u"Brand.svg"_s, 0, {}}, findings);
     if (collection.brand)

@@ -5,7 +5,7 @@
 #include "pack/checks/EntryRules.h"
 #include "pack/checks/TreeCheck.h"
 #include "pack/files/FileAccess.h"
-#include "pack/files/Parallel.h"
+#include "pack/findings/Parallel.h"
 #include "pack/pictures/Pictures.h"
 #include "pack/trees/ArchiveReading.h"
 #include "pack/trees/FolderReading.h"
@@ -96,17 +96,15 @@ Result<StoreBundle> readStore(const Path& bundle)
     checkTree(tree, program, findings);
     checkProgram(tree, program, findings);
 
-    std::vector<Findings> found(store.catalog.size());
-    inParallel(found.size(), [&](std::size_t index) {
+    const Findings found = findInParallel(store.catalog.size(), [&](std::size_t index, Findings& some) {
         const StoreApp& app = store.catalog[index];
         if (canBeFileName(app.archive) && canBeFileName(app.name)) {
-            checkArchive(resources, app, found[index]);
-            checkStorePicture(resources, bundle_file::icon(app), app.name, bundle_file::smallestIcon,
-                Square::Wanted, found[index]);
+            checkArchive(resources, app, some);
+            checkStorePicture(
+                resources, bundle_file::icon(app), app.name, bundle_file::smallestIcon, Square::Wanted, some);
         }
     });
-    for (Findings& some : found)
-        findings.insert(findings.end(), some.begin(), some.end());
+    findings.insert(findings.end(), found.begin(), found.end());
 
     checkStorePicture(
         resources, bundle_file::brand, {}, bundle_file::brandEdge, Square::Indifferent, findings);

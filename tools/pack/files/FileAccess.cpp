@@ -4,40 +4,35 @@
 
 #include <QFile>
 
-#include <cerrno>
-#include <unistd.h>
-#include <vector>
-
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr qint64 blockSize = 262144;
-constexpr auto everyonesFile =
-    fs::perms::owner_write | fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
-constexpr auto everyonesProgram =
-    everyonesFile | fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+/// Qt's own way of writing does not tell the reason of a disk that takes only a part; being given the rest,
+/// the disk does.
+Result<void> append(QFile& file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written < 0)
+            return cannot("write"_L1, toPath(file.fileName()), file.errorString());
+        bytes = bytes.sliced(written);
+    }
+    return {};
+}
 
-/// Copies block by block: the standard library's copying does not tell the disk's own reason.
 Result<void> copyFile(const Path& from, const Path& to)
 {
-    QFile source(from);
-    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return cannot("read"_L1, from, source.errorString());
     QFile target(to);
     if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         return cannot("write"_L1, to, target.errorString());
-    std::error_code error;
-    std::vector<char> block(blockSize);
-    qint64 length = 0;
-    while (!error && (length = source.read(block.data(), blockSize)) > 0)
-        error = writeAll(target, block.data(), std::size_t(length));
-    if (error)
-        return cannot("write"_L1, to, error);
-    if (length < 0)
-        return cannot("read"_L1, from, source.errorString());
-    return {};
+    return readBlocks(from, [&](QByteArrayView block) { return append(target, block); });
+}
+
+Result<void> unlessFailed(const std::error_code& error, QLatin1StringView what, const Path& place)
+{
+    return error ? cannot(what, place, error) : Result<void>();
 }
 
 } // namespace
@@ -54,105 +49,80 @@ tl::unexpected<Failure> cannot(QLatin1StringView what, const Path& place, const 
 
 Result<QByteArray> readFile(const Path& file)
 {
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly))
-        return cannot("read"_L1, file, source.errorString());
-    auto content = source.readAll();
-    if (source.error() != QFileDevice::NoError)
-        return cannot("read"_L1, file, source.errorString());
-    return content;
+    QByteArray content;
+    const auto append = [&](QByteArrayView block) {
+        content.append(block);
+        return Result<void>();
+    };
+    return readBlocks(file, append).map([&] { return content; });
 }
 
-std::error_code writeAll(const QFile& file, const char* bytes, std::size_t size)
+Result<void> readBlocks(const Path& file, const std::function<Result<void>(QByteArrayView)>& take)
 {
-    while (size > 0) {
-        const ssize_t written = write(file.handle(), bytes, size);
-        if (written < 0 && errno != EINTR)
-            return {errno, std::generic_category()};
-        if (written > 0) {
-            bytes += written;
-            size -= std::size_t(written);
-        }
-    }
-    return {};
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return cannot("read"_L1, file, source.errorString());
+    QByteArray block(262144, Qt::Uninitialized);
+    Result<void> done;
+    qint64 length = 0;
+    while (done && (length = source.read(block.data(), block.size())) > 0)
+        done = take(QByteArrayView(block).first(length));
+    if (length < 0)
+        return cannot("read"_L1, file, source.errorString());
+    return done;
 }
 
 Result<void> writeFile(const Path& file, const QByteArray& content)
 {
-    if (auto made = makeFolders(file.parent_path()); !made)
-        return made;
     QFile target(file);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !target.setPermissions(readableByAll))
-        return cannot("write"_L1, file, target.errorString());
-    if (const auto error = writeAll(target, content.constData(), std::size_t(content.size())))
-        return cannot("write"_L1, file, error);
-    return {};
+    return makeFolders(file.parent_path()).and_then([&]() -> Result<void> {
+        if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            return cannot("write"_L1, file, target.errorString());
+        return append(target, content);
+    });
 }
 
 Result<void> copyTree(const Path& from, const Path& to)
 {
     std::error_code error;
     const auto status = fs::symlink_status(from, error);
-    if (error)
-        return cannot("read"_L1, from, error);
     if (fs::is_symlink(status)) {
         fs::copy_symlink(from, to, error);
-        if (error)
-            return cannot("write"_L1, to, error);
-        return {};
+        return unlessFailed(error, "write"_L1, to);
     }
     if (fs::is_regular_file(status)) {
-        if (auto copied = copyFile(from, to); !copied)
-            return copied;
-        fs::permissions(to,
-            (status.permissions() & fs::perms::owner_exec) != fs::perms::none ? everyonesProgram
-                                                                              : everyonesFile,
-            error);
-        if (error)
-            return cannot("write"_L1, to, error);
-        return {};
+        const auto executable = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+        auto done = copyFile(from, to);
+        if (done && (status.permissions() & fs::perms::owner_exec) != fs::perms::none)
+            fs::permissions(to, executable, fs::perm_options::add, error);
+        return done.and_then([&] { return unlessFailed(error, "write"_L1, to); });
     }
     if (!fs::is_directory(status))
-        return cannot("copy"_L1, from, u"it is no file, folder or link"_s);
+        return cannot("copy"_L1, from,
+            error ? QString::fromStdString(error.message()) : u"it is no file, folder or link"_s);
     auto done = makeFolders(to);
     for (fs::directory_iterator place(from, error), end; done && !error && place != end;
          place.increment(error))
         done = copyTree(place->path(), to / place->path().filename());
-    if (error)
-        return cannot("read"_L1, from, error);
-    return done;
+    return done.and_then([&] { return unlessFailed(error, "read"_L1, from); });
 }
 
 Result<void> makeFolders(const Path& folder)
 {
     std::error_code error;
-    if (folder.empty() || fs::is_directory(folder, error))
-        return {};
-    if (auto made = makeFolders(folder.parent_path()); !made)
-        return made;
-    fs::create_directory(folder, error);
-    if (!error)
-        fs::permissions(folder, everyonesProgram, error);
-    if (error)
-        return cannot("make"_L1, folder, error);
-    return {};
+    fs::create_directories(folder, error);
+    return unlessFailed(error, "make"_L1, folder);
 }
 
 Result<FileDigest> digestOf(const Path& file)
 {
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return cannot("read"_L1, file, source.errorString());
     Sha256 hash;
-    FileDigest result;
-    std::vector<char> block(blockSize);
-    qint64 length = 0;
-    while ((length = source.read(block.data(), blockSize)) > 0) {
-        if (auto hashed = hash.update(std::as_bytes(std::span(block).first(std::size_t(length)))); !hashed)
-            return tl::unexpected(hashed.error());
-        result.bytes += length;
-    }
-    if (length < 0)
-        return cannot("read"_L1, file, source.errorString());
-    return hash.finalize().map([&](const QString& sha256) { return FileDigest{result.bytes, sha256}; });
+    FileDigest digest;
+    const auto update = [&](QByteArrayView block) {
+        digest.bytes += block.size();
+        return hash.update(std::as_bytes(std::span(block.data(), std::size_t(block.size()))));
+    };
+    return readBlocks(file, update).and_then([&] { return hash.finalize(); }).map([&](const QString& sha256) {
+        return FileDigest{digest.bytes, sha256};
+    });
 }

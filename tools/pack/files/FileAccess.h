@@ -4,8 +4,8 @@
 #include "platform/Path.h"
 
 #include <QByteArray>
-#include <QFile>
 
+#include <functional>
 #include <system_error>
 
 /// The domain of failures whose sentence is one English line for the maker.
@@ -15,24 +15,21 @@ inline constexpr QLatin1StringView packDomain("Pack");
 tl::unexpected<Failure> cannot(QLatin1StringView what, const Path& place, const QString& reason);
 tl::unexpected<Failure> cannot(QLatin1StringView what, const Path& place, const std::error_code& reason);
 
-/// The mode 0644, in which all files are made that are no programs.
-inline constexpr QFile::Permissions readableByAll = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser
-    | QFile::WriteUser | QFile::ReadGroup | QFile::ReadOther;
+// Modes are those that the umask leaves: the tool sets one of 022.
 
 /// The whole file.
 Result<QByteArray> readFile(const Path& file);
 
-/// Appends to an open file without a buffer. Qt has no reason for a disk that takes only a part; this has.
-std::error_code writeAll(const QFile& file, const char* bytes, std::size_t size);
+/// Hands the file over in blocks, as long as they are taken.
+Result<void> readBlocks(const Path& file, const std::function<Result<void>(QByteArrayView)>& take);
 
-/// Makes a new file with mode 0644, whatever the umask, in a folder that is made if need be.
+/// Makes a file, in a folder that is made if need be.
 Result<void> writeFile(const Path& file, const QByteArray& content);
 
-/// Copies a file, a link or a folder with all that is in it. Modes become 0755 for folders and what its owner
-/// may execute, 0644 for the rest.
+/// Copies a file, a link or a folder with all that is in it. Of a file's mode only what its owner may execute
+/// is kept.
 Result<void> copyTree(const Path& from, const Path& to);
 
-/// Makes folders with mode 0755.
 Result<void> makeFolders(const Path& folder);
 
 /// The size and the SHA-256 of a file.

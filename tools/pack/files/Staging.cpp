@@ -19,65 +19,23 @@ std::error_code lastError()
     return {errno, std::generic_category()};
 }
 
-bool isSamePlace(int descriptor, const Path& path)
-{
-    struct stat one { };
-    struct stat other { };
-    return fstat(descriptor, &one) == 0 && lstat(path.c_str(), &other) == 0 && one.st_ino == other.st_ino
-        && one.st_dev == other.st_dev;
-}
-
-Result<void> flush(const Path& place)
-{
-    const int descriptor = open(place.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    const bool done = descriptor >= 0 && fsync(descriptor) == 0;
-    const std::error_code error = lastError();
-    if (descriptor >= 0)
-        close(descriptor);
-    if (!done)
-        return cannot("write"_L1, place, error);
-    return {};
-}
-
-Result<void> flushTree(const Path& folder)
-{
-    std::error_code error;
-    for (fs::recursive_directory_iterator place(folder, error), end; !error && place != end;
-         place.increment(error)) {
-        if (place->is_symlink(error))
-            continue;
-        if (auto flushed = flush(place->path()); !flushed)
-            return flushed;
-    }
-    if (error)
-        return cannot("read"_L1, folder, error);
-    return flush(folder);
-}
-
 /// The folder, which is this run's alone as long as the descriptor is open.
 Result<int> lockedFolder(const Path& folder, const Path& target)
 {
-    for (;;) {
-        if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
-            return cannot("write"_L1, target, lastError());
-        const int lock = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
-        if (lock < 0 && errno == ENOENT)
-            continue;
-        if (lock < 0)
-            return cannot("write"_L1, target, lastError());
-        if (flock(lock, LOCK_EX | LOCK_NB) != 0) {
-            const bool isTaken = errno == EWOULDBLOCK;
-            const std::error_code error = lastError();
-            close(lock);
-            if (!isTaken)
-                return cannot("lock"_L1, folder, error);
-            return tl::unexpected(Failure{packDomain, 1, u"another run is writing %1"_s.arg(toText(target))});
-        }
-        // The run that had it may have removed it just before this one got it.
-        if (isSamePlace(lock, folder))
-            return lock;
-        close(lock);
-    }
+    if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
+        return cannot("write"_L1, target, lastError());
+    const int lock = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
+    if (lock < 0)
+        return cannot("write"_L1, target, lastError());
+    const std::error_code refused = flock(lock, LOCK_EX | LOCK_NB) == 0 ? std::error_code() : lastError();
+    // The run that had it may have removed it just before this one got it.
+    std::error_code error;
+    if (!refused && fs::equivalent("/proc/self/fd/" + std::to_string(lock), folder, error))
+        return lock;
+    close(lock);
+    if (refused && refused != std::errc::operation_would_block)
+        return cannot("lock"_L1, folder, refused);
+    return tl::unexpected(Failure{packDomain, 1, u"another run is writing %1"_s.arg(toText(target))});
 }
 
 void clear(const Path& folder)
@@ -91,7 +49,7 @@ void clear(const Path& folder)
 
 } // namespace
 
-Result<Staging> Staging::beside(const Path& target)
+Result<std::unique_ptr<Staging>> Staging::beside(const Path& target)
 {
     std::error_code error;
     Path real = fs::weakly_canonical(fs::absolute(target, error), error);
@@ -99,14 +57,11 @@ Result<Staging> Staging::beside(const Path& target)
         return cannot("write"_L1, target, error);
     if (!real.has_filename())
         real = real.parent_path();
-    if (!fs::is_directory(real.parent_path(), error))
-        return cannot("write"_L1, target, std::make_error_code(std::errc::no_such_file_or_directory));
     Path folder = real.parent_path() / ('.' + real.filename().string() + ".new");
-    const auto lock = lockedFolder(folder, target);
-    if (!lock)
-        return tl::unexpected(lock.error());
-    clear(folder);
-    return Staging(std::move(real), std::move(folder), *lock);
+    return lockedFolder(folder, target).map([&](int lock) {
+        clear(folder);
+        return std::unique_ptr<Staging>(new Staging(std::move(real), std::move(folder), lock));
+    });
 }
 
 Staging::Staging(Path target, Path folder, int lock)
@@ -114,17 +69,8 @@ Staging::Staging(Path target, Path folder, int lock)
 {
 }
 
-Staging::Staging(Staging&& other) noexcept
-    : m_target(std::move(other.m_target))
-    , m_folder(std::move(other.m_folder))
-    , m_lock(std::exchange(other.m_lock, -1))
-{
-}
-
 Staging::~Staging()
 {
-    if (m_lock < 0)
-        return;
     clear(m_folder);
     rmdir(m_folder.c_str());
     close(m_lock);
@@ -137,12 +83,12 @@ Path Staging::place() const
 
 Result<void> Staging::publish()
 {
-    if (auto flushed = flushTree(place()); !flushed)
-        return flushed;
     std::error_code error;
     const bool isThere = fs::exists(fs::symlink_status(m_target, error));
     const unsigned how = isThere ? RENAME_EXCHANGE : RENAME_NOREPLACE;
-    if (renameat2(AT_FDCWD, place().c_str(), AT_FDCWD, m_target.c_str(), how) != 0)
+    // Once before, so that the name leads to a whole tree, and once for the name itself.
+    if (syncfs(m_lock) != 0 || renameat2(AT_FDCWD, place().c_str(), AT_FDCWD, m_target.c_str(), how) != 0
+        || syncfs(m_lock) != 0)
         return cannot("write"_L1, m_target, lastError());
-    return flush(m_target.parent_path());
+    return {};
 }

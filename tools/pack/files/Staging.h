@@ -3,15 +3,15 @@
 #include "platform/Failure.h"
 #include "platform/Path.h"
 
+#include <memory>
+
 /// A hidden folder beside a target, in which the target is built whole and then put in its place in one step.
 /// Only one run at a time has it. What an interrupted run left in it is removed.
 class Staging {
 public:
     /// Fails when another run has the folder.
-    static Result<Staging> beside(const Path& target);
+    static Result<std::unique_ptr<Staging>> beside(const Path& target);
 
-    Staging(Staging&& other) noexcept;
-    Staging& operator=(Staging&&) = delete;
     Staging(const Staging&) = delete;
     Staging& operator=(const Staging&) = delete;
     /// Removes the folder with all that is still in it.

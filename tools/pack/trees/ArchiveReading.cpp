@@ -7,7 +7,6 @@
 
 #include <climits>
 #include <memory>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -19,29 +18,33 @@ constexpr std::size_t readBlock = 262144;
 constexpr qint64 largestRatio = 1000;
 constexpr qint64 largestContent = qint64(64) << 30;
 
-struct CloseReader {
-    void operator()(archive* zip) const { archive_read_free(zip); }
-};
+TreeNode nodeOf(archive_entry* entry)
+{
+    TreeNode node;
+    const auto mode = archive_entry_mode(entry);
+    node.isExecutable = (mode & S_IXUSR) != 0;
+    node.setsID = S_ISREG(mode) && (mode & (S_ISUID | S_ISGID)) != 0;
+    if (S_ISDIR(mode))
+        node.kind = TreeNode::Kind::Folder;
+    else if (S_ISREG(mode))
+        node.kind = TreeNode::Kind::File;
+    else if (S_ISLNK(mode))
+        node.kind = TreeNode::Kind::Link;
+    if (const char* const target = archive_entry_symlink_utf8(entry))
+        node.target = target;
+    return node;
+}
 
 class ZipReader {
 public:
-    ZipReader(const Path& file, std::string top, Place place, Findings& findings)
-        : m_zip(archive_read_new())
-        , m_file(file)
-        , m_top(std::move(top))
-        , m_place(std::move(place))
-        , m_findings(findings)
+    ZipReader(const Path& file, std::string top)
+        : m_zip(archive_read_new(), &archive_read_free), m_top(std::move(top))
     {
-    }
-
-    Tree read()
-    {
-        archive_read_support_format_zip_seekable(m_zip.get());
         std::error_code error;
-        const auto size = qint64(std::filesystem::file_size(m_file, error));
+        const auto size = qint64(std::filesystem::file_size(file, error));
         m_room = error ? 0 : std::min(largestContent, std::max<qint64>(size, 1024) * largestRatio);
-
-        int status = archive_read_open_filename(m_zip.get(), m_file.c_str(), readBlock);
+        archive_read_support_format_zip_seekable(m_zip.get());
+        int status = archive_read_open_filename(m_zip.get(), file.c_str(), readBlock);
         archive_entry* entry = nullptr;
         while (status == ARCHIVE_OK) {
             status = archive_read_next_header(m_zip.get(), &entry);
@@ -49,20 +52,31 @@ public:
             if (status == ARCHIVE_OK || status == ARCHIVE_WARN)
                 status = add(entry);
         }
-        if (m_room < 0)
-            tell(Code::ArchiveBomb,
-                u"it unpacks to more than %1 times its size, or than 64 GiB"_s.arg(largestRatio));
-        else if (status != ARCHIVE_EOF)
-            tell(Code::ArchiveDamaged,
-                u"it does not unpack: %1"_s.arg(
-                    m_fault.isNull() ? QString::fromUtf8(archive_error_string(m_zip.get())) : m_fault));
-        if (!m_strangers.isEmpty())
-            tell(Code::ArchiveShape,
-                u"it must hold only the folder %1, and holds %2"_s.arg(
-                    QString::fromStdString(m_top), m_strangers.join(u", "_s)),
-                QString::fromStdString(m_top), m_strangers.join(u", "_s));
-        return std::move(m_tree);
+        if (status != ARCHIVE_EOF && m_fault.isNull())
+            m_fault = QString::fromUtf8(archive_error_string(m_zip.get()));
     }
+
+    void tell(const Place& place, Findings& findings) const
+    {
+        if (m_room < 0)
+            findings.push_back({.code = Code::ArchiveBomb,
+                .place = place,
+                .message = u"it unpacks to more than %1 times its size, or than 64 GiB"_s.arg(largestRatio)});
+        else if (!m_fault.isNull())
+            findings.push_back({.code = Code::ArchiveDamaged,
+                .place = place,
+                .message = u"it does not unpack: %1"_s.arg(m_fault)});
+        const QString top = QString::fromStdString(m_top);
+        const QString strangers = m_strangers.mid(0, 3).join(u", "_s);
+        if (!strangers.isEmpty())
+            findings.push_back({.code = Code::ArchiveShape,
+                .place = place,
+                .message = u"it must hold only the folder %1, and holds %2"_s.arg(top, strangers),
+                .expected = top,
+                .found = strangers});
+    }
+
+    Tree takeTree() { return std::move(m_tree); }
 
 private:
     int add(archive_entry* entry)
@@ -77,45 +91,18 @@ private:
             return refuse(whole, u"is neither stored nor deflated"_s);
         if (node.target.size() >= PATH_MAX)
             return refuse(whole, u"leads to a place with too long a name"_s);
-        m_entrySize = 0;
-        QByteArray content;
-        const bool isList = whole == m_top + "/Contents/Info.plist";
-        const int status = node.kind == TreeNode::Kind::File
-            ? readContent(content, isList ? largestInfoList : headSize)
-            : ARCHIVE_OK;
-        node.size = m_entrySize;
-        node.head = content.first(std::min<qsizetype>(content.size(), headSize));
-        if (isList)
-            m_tree.infoList = content;
-
+        int status = ARCHIVE_OK;
+        if (node.kind == TreeNode::Kind::File) {
+            const bool isList = whole == m_top + "/Contents/Info.plist";
+            const QByteArray content = readContent(isList ? largestInfoList : headSize, node.size, status);
+            node.head = content.left(headSize);
+            if (isList)
+                m_tree.infoList = content;
+        }
         const auto name = inTop(whole);
         if (!name || (!name->empty() && !m_tree.nodes.emplace(*name, std::move(node)).second))
-            addStranger(whole);
+            m_strangers.append(QString::fromStdString(whole));
         return status;
-    }
-
-    static TreeNode nodeOf(archive_entry* entry)
-    {
-        TreeNode node;
-        const auto mode = archive_entry_mode(entry);
-        node.isExecutable = (mode & S_IXUSR) != 0;
-        node.setsID = S_ISREG(mode) && (mode & (S_ISUID | S_ISGID)) != 0;
-        switch (archive_entry_filetype(entry)) {
-        case AE_IFDIR:
-            node.kind = TreeNode::Kind::Folder;
-            break;
-        case AE_IFREG:
-            node.kind = TreeNode::Kind::File;
-            break;
-        case AE_IFLNK:
-            node.kind = TreeNode::Kind::Link;
-            if (const char* const target = archive_entry_symlink_utf8(entry))
-                node.target = target;
-            break;
-        default:
-            break;
-        }
-        return node;
     }
 
     int refuse(const std::string& name, const QString& why)
@@ -125,17 +112,18 @@ private:
     }
 
     /// Reads a file through and keeps its beginning.
-    int readContent(QByteArray& content, qint64 kept)
+    QByteArray readContent(qint64 kept, qint64& size, int& status)
     {
+        QByteArray beginning;
         la_ssize_t length = 0;
-        while ((length = archive_read_data(m_zip.get(), m_block.data(), m_block.size())) > 0) {
-            m_entrySize += length;
+        while (m_room >= 0
+            && (length = archive_read_data(m_zip.get(), m_block.data(), std::size_t(m_block.size()))) > 0) {
+            size += length;
             m_room -= length;
-            content.append(m_block.data(), std::min<qint64>(length, kept - content.size()));
-            if (m_room < 0)
-                return ARCHIVE_FATAL;
+            beginning.append(m_block.constData(), std::min<qint64>(length, kept - beginning.size()));
         }
-        return length < 0 ? int(length) : ARCHIVE_OK;
+        status = m_room < 0 ? ARCHIVE_FATAL : int(length);
+        return beginning;
     }
 
     /// The name below the one top folder, empty for that itself; none when it lies elsewhere.
@@ -150,37 +138,23 @@ private:
         return name.substr(m_top.size() + 1);
     }
 
-    void addStranger(const std::string& name)
-    {
-        constexpr qsizetype mostNamed = 3;
-        if (m_strangers.size() < mostNamed)
-            m_strangers.append(QString::fromStdString(name));
-    }
-
-    void tell(Code code, const QString& message, const QString& expected = {}, const QString& found = {})
-    {
-        m_findings.push_back({code, m_place, message, expected, found});
-    }
-
-    std::unique_ptr<archive, CloseReader> m_zip;
-    Path m_file;
+    std::unique_ptr<archive, decltype(&archive_read_free)> m_zip;
     std::string m_top;
-    Place m_place;
-    Findings& m_findings;
     Tree m_tree;
-    std::vector<char> m_block = std::vector<char>(readBlock);
-    /// Why the reading was given up; null when the library did so.
+    QByteArray m_block{readBlock, '\0'};
+    /// Why it does not unpack; null when it does.
     QString m_fault;
     /// Names that lie outside of the top folder, or occur twice.
     QStringList m_strangers;
     /// How many more bytes may be unpacked.
     qint64 m_room = 0;
-    qint64 m_entrySize = 0;
 };
 
 } // namespace
 
 Tree readArchive(const Path& file, const std::string& top, const Place& place, Findings& findings)
 {
-    return ZipReader(file, top, place, findings).read();
+    ZipReader reader(file, top);
+    reader.tell(place, findings);
+    return reader.takeTree();
 }

@@ -16,11 +16,11 @@ struct TreeNode {
     bool setsID = false;
     qint64 size = 0;
     /// Where a link leads.
-    std::string target;
+    std::string target{};
     /// The first bytes of a file, enough to tell a program.
-    QByteArray head;
+    QByteArray head{};
     /// When the file was last written; nothing in an archive.
-    std::filesystem::file_time_type written;
+    std::filesystem::file_time_type written{};
 };
 
 /// An application's folder or archive: its places, named relative to it, in the order of their bytes, so that

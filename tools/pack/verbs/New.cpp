@@ -85,7 +85,7 @@ Result<int> makeCollection(const Path& collection, const std::vector<Path>& apps
     if (!staging)
         return tl::unexpected(staging.error());
 
-    const Path place = staging->place();
+    const Path place = (*staging)->place();
     auto done = makeFolders(place / "apps").and_then([&] { return makeFolders(place / "icons"); });
     Catalog catalog;
     for (const Path& app : apps) {
@@ -100,7 +100,7 @@ Result<int> makeCollection(const Path& collection, const std::vector<Path>& apps
                .and_then([&] {
                    return writeFile(place / bundle_file::screenshot, squarePng(brand, firstScreenshotEdge));
                })
-               .and_then([&] { return staging->publish(); });
+               .and_then([&] { return (*staging)->publish(); });
     if (!done)
         return tl::unexpected(done.error());
     std::printf("%s is made. What is left to write and to draw: plovistore-pack check %s\n",

@@ -3,8 +3,8 @@
 #include "pack/checks/CollectionCheck.h"
 #include "pack/checks/StoreCheck.h"
 #include "pack/files/FileAccess.h"
-#include "pack/files/Parallel.h"
 #include "pack/files/Staging.h"
+#include "pack/findings/Parallel.h"
 #include "pack/trees/ArchiveWriting.h"
 #include "pack/verbs/Verbs.h"
 
@@ -90,13 +90,11 @@ Result<void> packEntries(const Path& resources, Collection& collection)
 {
     Progress progress(collection.entries.size());
     std::vector<Result<void>> results(collection.entries.size());
-    std::vector<Findings> found(collection.entries.size());
-    inParallel(results.size(), [&](std::size_t index) {
-        results[index] = packEntry(resources, collection.entries[index], found[index]);
+    const Findings found = findInParallel(results.size(), [&](std::size_t index, Findings& findings) {
+        results[index] = packEntry(resources, collection.entries[index], findings);
         progress.packed(collection.entries[index].app.name);
     });
-    for (Findings& some : found)
-        collection.findings.insert(collection.findings.end(), some.begin(), some.end());
+    collection.findings.insert(collection.findings.end(), found.begin(), found.end());
     const auto failed = std::ranges::find_if(results, [](const auto& result) { return !result; });
     return failed == results.end() ? Result<void>() : *failed;
 }
@@ -173,9 +171,9 @@ Result<int> pack(const PackOrder& order, const Reporting& reporting)
     if (hasErrors(collection->findings) || (reporting.strict && !collection->findings.empty()))
         return tell();
 
-    if (auto written = writeStore(order, *collection, staging->place()); !written)
+    if (auto written = writeStore(order, *collection, (*staging)->place()); !written)
         return tl::unexpected(written.error());
-    const auto store = readStore(staging->place());
+    const auto store = readStore((*staging)->place());
     if (!store)
         return tl::unexpected(store.error());
     // Its warnings are those of the collection.
@@ -183,7 +181,7 @@ Result<int> pack(const PackOrder& order, const Reporting& reporting)
         [](const Finding& finding) { return severityOf(finding.code) == Severity::Error; });
     if (hasErrors(collection->findings))
         return tell();
-    if (auto published = staging->publish(); !published)
+    if (auto published = (*staging)->publish(); !published)
         return tl::unexpected(published.error());
     return tell();
 }
