@@ -116,7 +116,9 @@ void DetailPageView::presentFacts(const std::vector<Fact>& facts)
             auto* const value = new TextLabel({.style = Look::factValue, .lines = Lines::Wrapped});
             // Read with the value, which carries the caption in its name.
             makeDecorative(*caption);
-            m_factRow->append(vstack({.spacing = Look::factLineSpacing}, {caption, value}));
+            auto* const fact = new QWidget;
+            fact->setLayout(vstack({.spacing = Look::factLineSpacing}, {caption, value}));
+            m_factRow->addWidget(fact);
             m_facts.push_back({caption, value});
         }
         m_facts[index].caption->setText(facts[index].caption);
@@ -133,7 +135,7 @@ void DetailPageView::presentFeatures(const QStringList& features)
             new TextLabel({.style = Look::feature, .color = Style::secondaryText(), .lines = Lines::Wrapped});
         line->setLayout(symbolBefore(
             new SymbolView(u"checkmark"_s, Style::symbolFor(Look::feature), Style::secondaryText()), text));
-        m_featureRow->append(line);
+        m_featureRow->addWidget(line);
         m_features.push_back({line, text});
     }
     for (std::size_t index = 0; index < m_features.size(); ++index) {

@@ -12,9 +12,20 @@ namespace {
 constexpr const char* decorative = "decorative";
 constexpr const char* graphic = "graphic";
 
-class DecorativeNode : public QAccessibleWidget {
+/// One thing, whatever is drawn inside.
+class Leaf : public QAccessibleWidget {
 public:
-    explicit DecorativeNode(QWidget* widget) : QAccessibleWidget(widget, QAccessible::NoRole) { }
+    using QAccessibleWidget::QAccessibleWidget;
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+};
+
+class DecorativeNode : public Leaf {
+public:
+    explicit DecorativeNode(QWidget* widget) : Leaf(widget, QAccessible::NoRole) { }
 
     QAccessible::State state() const override
     {
@@ -22,10 +33,6 @@ public:
         state.invisible = true;
         return state;
     }
-    int childCount() const override { return 0; }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 };
 
 /// The focus goes where a press is, so that whoever takes it can give it back.
@@ -37,11 +44,10 @@ void press(PlainButton& button)
     button.click();
 }
 
-/// One button, whatever is drawn inside.
-class ButtonNode : public QAccessibleWidget {
+class ButtonNode : public Leaf {
 public:
     explicit ButtonNode(PlainButton* button)
-        : QAccessibleWidget(button, button->isCheckable() ? QAccessible::RadioButton : QAccessible::Button)
+        : Leaf(button, button->isCheckable() ? QAccessible::RadioButton : QAccessible::Button)
     {
     }
 
@@ -81,11 +87,6 @@ public:
         QMetaObject::invokeMethod(
             &button(), [pressed = &button()] { press(*pressed); }, Qt::QueuedConnection);
     }
-
-    int childCount() const override { return 0; }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
 private:
     PlainButton& button() const { return *static_cast<PlainButton*>(object()); }

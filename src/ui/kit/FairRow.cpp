@@ -11,17 +11,6 @@ FairRow::FairRow(int spacing, Qt::Alignment vertical, QWidget* parent) : QLayout
     setContentsMargins({});
 }
 
-void FairRow::append(QWidget* widget)
-{
-    addWidget(widget);
-}
-
-void FairRow::append(QLayout* layout)
-{
-    addChildLayout(layout);
-    addItem(layout);
-}
-
 void FairRow::addItem(QLayoutItem* item)
 {
     m_items.emplace_back(item);

@@ -16,10 +16,6 @@ public:
     /// `vertical` is where children stand that are lower than the row.
     explicit FairRow(int spacing, Qt::Alignment vertical = Qt::AlignTop, QWidget* parent = nullptr);
 
-    /// At the end of the row.
-    void append(QWidget* widget);
-    void append(QLayout* layout);
-
     void addItem(QLayoutItem* item) override;
     int count() const override;
     QLayoutItem* itemAt(int index) const override;

@@ -11,31 +11,15 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QRect thumbOf(const QStyleOptionSlider& bar)
-{
-    const bool vertical = bar.orientation == Qt::Vertical;
-    const int groove = vertical ? bar.rect.height() : bar.rect.width();
-    const qint64 range = qint64(bar.maximum) - bar.minimum + bar.pageStep;
-    const int shortest = Style::px(32);
-    const int length =
-        range > 0 ? qMin(groove, qMax(shortest, int(groove * qint64(bar.pageStep) / range))) : groove;
-    const int start = QStyle::sliderPositionFromValue(
-        bar.minimum, bar.maximum, bar.sliderPosition, groove - length, bar.upsideDown);
-    return vertical ? QRect(bar.rect.x(), bar.rect.y() + start, bar.rect.width(), length)
-                    : QRect(bar.rect.x() + start, bar.rect.y(), length, bar.rect.height());
-}
-
-} // namespace
-
 KitStyle::KitStyle() : QProxyStyle(u"Fusion"_s) { }
 
 int KitStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
     switch (metric) {
     case PM_ScrollBarExtent:
-        return Style::scrollBar;
+        return 0; // The room of each arrow; how thick the bar is, sizeFromContents() says.
+    case PM_ScrollBarSliderMin:
+        return Style::px(32);
     case PM_MenuBarHMargin:
         return Style::menuBarMarginX;
     case PM_MenuBarVMargin:
@@ -65,6 +49,8 @@ QIcon KitStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, co
 QSize KitStyle::sizeFromContents(
     ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const
 {
+    if (type == CT_ScrollBar)
+        return contents.expandedTo({Style::scrollBar, Style::scrollBar});
     const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (type != CT_MenuBarItem || !item)
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
@@ -98,35 +84,6 @@ void KitStyle::drawControl(
     if (shown.state.testFlag(State_Selected))
         shown.state |= State_Sunken;
     QProxyStyle::drawControl(element, &shown, painter, widget);
-}
-
-QRect KitStyle::subControlRect(
-    ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const
-{
-    const auto* bar =
-        control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
-    if (!bar)
-        return QProxyStyle::subControlRect(control, option, part, widget);
-
-    const QRect thumb = thumbOf(*bar);
-    const bool vertical = bar->orientation == Qt::Vertical;
-    QRect rect = bar->rect;
-    switch (part) {
-    case SC_ScrollBarGroove:
-        break;
-    case SC_ScrollBarSlider:
-        rect = thumb;
-        break;
-    case SC_ScrollBarSubPage:
-        vertical ? rect.setBottom(thumb.top() - 1) : rect.setRight(thumb.left() - 1);
-        break;
-    case SC_ScrollBarAddPage:
-        vertical ? rect.setTop(thumb.bottom() + 1) : rect.setLeft(thumb.right() + 1);
-        break;
-    default:
-        return {};
-    }
-    return visualRect(bar->direction, bar->rect, rect);
 }
 
 void KitStyle::drawComplexControl(

@@ -5,26 +5,18 @@
 
 #include <QPainter>
 
-ProminentButton::ProminentButton(const QString& title, QWidget* parent)
-    : PlainButton(parent), m_title(Style::font(Style::button), 0)
+ProminentButton::ProminentButton(const QString& title, QWidget* parent) : PlainButton(parent)
 {
+    setFont(Style::font(Style::button));
     const int bleed = Style::focusGap + Style::focusRing;
     setContentsMargins(bleed, bleed, bleed, bleed);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setText(title);
 }
 
-void ProminentButton::setText(const QString& title)
-{
-    if (title == text())
-        return;
-    m_title.setText(title);
-    QAbstractButton::setText(title);
-}
-
 QSize ProminentButton::contentSize() const
 {
-    return {m_title.naturalSize().width() + 2 * Style::buttonMargin, Style::buttonHeight};
+    return {fontMetrics().horizontalAdvance(text()) + 2 * Style::buttonMargin, Style::buttonHeight};
 }
 
 ButtonShape ProminentButton::shape() const
@@ -42,7 +34,5 @@ void ProminentButton::paintEvent(QPaintEvent*)
     painter.fillPath(continuousRect(contentsRect(), Style::buttonCorner), fill);
     drawFocusRing(painter);
     painter.setPen(Style::white());
-    QRect title({}, m_title.naturalSize());
-    title.moveCenter(contentsRect().center());
-    m_title.draw(painter, title, Qt::AlignLeft);
+    painter.drawText(contentsRect(), Qt::AlignCenter, text());
 }

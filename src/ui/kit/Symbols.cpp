@@ -17,7 +17,24 @@ constexpr qreal stroke = 1.7;
 /// On the grid.
 struct Drawing {
     QPainterPath lines;
-    QPainterPath filled;
+    QPainterPath filled = {};
+
+    Drawing& line(std::initializer_list<QPointF> points)
+    {
+        lines.moveTo(*points.begin());
+        std::for_each(points.begin() + 1, points.end(), [this](QPointF point) { lines.lineTo(point); });
+        return *this;
+    }
+    Drawing& circle(QPointF middle, qreal radius)
+    {
+        lines.addEllipse(middle, radius, radius);
+        return *this;
+    }
+    Drawing& box(const QRectF& rect, qreal corner)
+    {
+        lines.addRoundedRect(rect, corner, corner);
+        return *this;
+    }
 };
 
 enum class Direction { Fixed, AlongText };
@@ -28,50 +45,32 @@ struct Symbol {
     Direction direction = Direction::Fixed;
 };
 
-void line(QPainterPath& path, std::initializer_list<QPointF> points)
+Drawing circle()
 {
-    path.moveTo(*points.begin());
-    std::for_each(points.begin() + 1, points.end(), [&path](QPointF point) { path.lineTo(point); });
+    return Drawing().circle({12, 12}, 9);
 }
 
-QPainterPath lines(std::initializer_list<QPointF> points)
-{
-    QPainterPath path;
-    line(path, points);
-    return path;
-}
-
-QPainterPath circle()
-{
-    QPainterPath path;
-    path.addEllipse(QPointF(12, 12), 9, 9);
-    return path;
-}
-
-void star(QPainterPath& path, QPointF middle, qreal reach)
+QPainterPath star(QPointF middle, qreal reach)
 {
     const qreal waist = reach * 0.2;
-    path.moveTo(middle + QPointF(0, -reach));
+    QPainterPath path(middle + QPointF(0, -reach));
     path.quadTo(middle + QPointF(waist, -waist), middle + QPointF(reach, 0));
     path.quadTo(middle + QPointF(waist, waist), middle + QPointF(0, reach));
     path.quadTo(middle + QPointF(-waist, waist), middle + QPointF(-reach, 0));
     path.quadTo(middle + QPointF(-waist, -waist), middle + QPointF(0, -reach));
+    return path;
 }
 
 Drawing sparkles()
 {
-    Drawing drawing;
-    star(drawing.lines, {9.6, 9.6}, 7.2);
-    star(drawing.filled, {18.2, 17.6}, 4.4);
-    return drawing;
+    return {star({9.6, 9.6}, 7.2), star({18.2, 17.6}, 4.4)};
 }
 
 Drawing squareGrid()
 {
     Drawing drawing;
-    for (const QPointF corner :
-        {QPointF(3.2, 3.2), QPointF(13.8, 3.2), QPointF(3.2, 13.8), QPointF(13.8, 13.8)})
-        drawing.lines.addRoundedRect(QRectF(corner, QSizeF(7, 7)), 1.7, 1.7);
+    for (const qreal y : {3.2, 13.8})
+        drawing.box({3.2, y, 7, 7}, 1.7).box({13.8, y, 7, 7}, 1.7);
     return drawing;
 }
 
@@ -93,64 +92,58 @@ QPainterPath wrench()
 /// Lying along the x axis under a wrench that crosses it at the origin, its blade to the left.
 QPainterPath screwdriver()
 {
-    QPainterPath path;
-    line(path, {{-1.9, 0}, {-8.6, 0}, {-10, -1.3}, {-12.6, -1.1}, {-12.6, 1.1}, {-10, 1.3}, {-8.6, 0}});
-    line(path, {{1.9, 0}, {4, 0}});
-    path.addRoundedRect(QRectF(4, -2.2, 9, 4.4), 1.8, 1.8);
-    return path;
+    return Drawing()
+        .line({{-1.9, 0}, {-8.6, 0}, {-10, -1.3}, {-12.6, -1.1}, {-12.6, 1.1}, {-10, 1.3}, {-8.6, 0}})
+        .line({{1.9, 0}, {4, 0}})
+        .box({4, -2.2, 9, 4.4}, 1.8)
+        .lines;
 }
 
 Drawing tools()
 {
     const QTransform middle = QTransform::fromTranslate(12, 12);
-    Drawing drawing{QTransform(middle).rotate(-45).map(wrench()), {}};
+    Drawing drawing{QTransform(middle).rotate(-45).map(wrench())};
     drawing.lines.addPath(QTransform(middle).rotate(45).map(screwdriver()));
     return drawing;
 }
 
 Drawing playRectangle()
 {
-    Drawing drawing{{}, lines({{9.6, 8.2}, {16, 12}, {9.6, 15.8}})};
-    drawing.lines.addRoundedRect(QRectF(3, 4.8, 18, 14.4), 2.6, 2.6);
+    Drawing drawing = Drawing().box({3, 4.8, 18, 14.4}, 2.6);
+    drawing.filled.addPolygon(QPolygonF({{9.6, 8.2}, {16, 12}, {9.6, 15.8}}));
     return drawing;
 }
 
 Drawing document()
 {
-    QPainterPath path(QPointF(13.6, 3));
-    path.lineTo(7.2, 3);
-    path.quadTo(5.2, 3, 5.2, 5);
-    path.lineTo(5.2, 19);
-    path.quadTo(5.2, 21, 7.2, 21);
-    path.lineTo(16.8, 21);
-    path.quadTo(18.8, 21, 18.8, 19);
-    path.lineTo(18.8, 8.2);
-    path.closeSubpath();
-    line(path, {{13.6, 3}, {13.6, 8.2}, {18.8, 8.2}});
-    line(path, {{8.8, 12.6}, {15.2, 12.6}});
-    line(path, {{8.8, 16.6}, {15.2, 16.6}});
-    return {path, {}};
+    QPainterPath sheet(QPointF(13.6, 3));
+    sheet.lineTo(7.2, 3);
+    sheet.quadTo(5.2, 3, 5.2, 5);
+    sheet.lineTo(5.2, 19);
+    sheet.quadTo(5.2, 21, 7.2, 21);
+    sheet.lineTo(16.8, 21);
+    sheet.quadTo(18.8, 21, 18.8, 19);
+    sheet.lineTo(18.8, 8.2);
+    sheet.closeSubpath();
+    return Drawing{sheet}
+        .line({{13.6, 3}, {13.6, 8.2}, {18.8, 8.2}})
+        .line({{8.8, 12.6}, {15.2, 12.6}})
+        .line({{8.8, 16.6}, {15.2, 16.6}});
 }
 
 Drawing checkmarkCircle()
 {
-    Drawing drawing{circle(), {}};
-    line(drawing.lines, {{8, 12.4}, {10.8, 15.2}, {16, 9.2}});
-    return drawing;
+    return circle().line({{8, 12.4}, {10.8, 15.2}, {16, 9.2}});
 }
 
 Drawing arrowDownCircle()
 {
-    Drawing drawing{circle(), {}};
-    line(drawing.lines, {{12, 7.4}, {12, 16.3}});
-    line(drawing.lines, {{8.4, 12.7}, {12, 16.3}, {15.6, 12.7}});
-    return drawing;
+    return circle().line({{12, 7.4}, {12, 16.3}}).line({{8.4, 12.7}, {12, 16.3}, {15.6, 12.7}});
 }
 
 Drawing personCircle()
 {
-    Drawing drawing{circle(), {}};
-    drawing.lines.addEllipse(QPointF(12, 10.2), 3.2, 3.2);
+    Drawing drawing = circle().circle({12, 10.2}, 3.2);
     drawing.lines.moveTo(6.1, 18.6);
     drawing.lines.cubicTo(7.3, 15.2, 9.6, 13.9, 12, 13.9);
     drawing.lines.cubicTo(14.4, 13.9, 16.7, 15.2, 17.9, 18.6);
@@ -160,52 +153,44 @@ Drawing personCircle()
 Drawing arrowClockwise()
 {
     const QRectF round(3.8, 4.6, 16.4, 16.4);
-    QPainterPath path;
-    path.arcMoveTo(round, -4);
-    path.arcTo(round, -4, -314);
-    line(path, {{18.1, 3}, {18.1, 7.6}, {13.5, 7.6}});
-    return {path, {}};
+    Drawing drawing;
+    drawing.lines.arcMoveTo(round, -4);
+    drawing.lines.arcTo(round, -4, -314);
+    return drawing.line({{18.1, 3}, {18.1, 7.6}, {13.5, 7.6}});
 }
 
 Drawing arrowUpRight()
 {
-    Drawing drawing{lines({{6.8, 17.2}, {17.2, 6.8}}), {}};
-    line(drawing.lines, {{8.6, 6.8}, {17.2, 6.8}, {17.2, 15.4}});
-    return drawing;
+    return Drawing().line({{6.8, 17.2}, {17.2, 6.8}}).line({{8.6, 6.8}, {17.2, 6.8}, {17.2, 15.4}});
 }
 
 Drawing magnifyingGlass()
 {
-    Drawing drawing{lines({{15.6, 15.6}, {20.6, 20.6}}), {}};
-    drawing.lines.addEllipse(QPointF(10.4, 10.4), 7, 7);
-    return drawing;
+    return Drawing().line({{15.6, 15.6}, {20.6, 20.6}}).circle({10.4, 10.4}, 7);
 }
 
 Drawing shippingBox()
 {
-    Drawing drawing{
-        lines({{12, 2.8}, {20, 7.3}, {20, 16.7}, {12, 21.2}, {4, 16.7}, {4, 7.3}, {12, 2.8}}), {}};
-    line(drawing.lines, {{4, 7.3}, {12, 11.8}, {20, 7.3}});
-    line(drawing.lines, {{12, 11.8}, {12, 21.2}});
-    line(drawing.lines, {{8, 5.1}, {16, 9.6}});
-    return drawing;
+    return Drawing()
+        .line({{12, 2.8}, {20, 7.3}, {20, 16.7}, {12, 21.2}, {4, 16.7}, {4, 7.3}, {12, 2.8}})
+        .line({{4, 7.3}, {12, 11.8}, {20, 7.3}})
+        .line({{12, 11.8}, {12, 21.2}})
+        .line({{8, 5.1}, {16, 9.6}});
 }
 
 Drawing chevronLeft()
 {
-    return {lines({{14, 6}, {8, 12}, {14, 18}}), {}};
+    return Drawing().line({{14, 6}, {8, 12}, {14, 18}});
 }
 
 Drawing checkmark()
 {
-    return {lines({{4.4, 12.8}, {9.2, 17.6}, {19, 6.8}}), {}};
+    return Drawing().line({{4.4, 12.8}, {9.2, 17.6}, {19, 6.8}});
 }
 
 Drawing xmark()
 {
-    Drawing drawing{lines({{6, 6}, {18, 18}}), {}};
-    line(drawing.lines, {{18, 6}, {6, 18}});
-    return drawing;
+    return Drawing().line({{6, 6}, {18, 18}}).line({{18, 6}, {6, 18}});
 }
 
 constexpr std::array symbols{
@@ -227,6 +212,14 @@ constexpr std::array symbols{
 };
 
 } // namespace
+
+QStringList symbolNames()
+{
+    QStringList names;
+    for (const Symbol& symbol : symbols)
+        names.append(symbol.name);
+    return names;
+}
 
 void drawSymbol(QPainter& painter, QStringView name, const QRectF& box, const QColor& color)
 {

@@ -82,7 +82,7 @@ TEST(FairRow, TheWidestGiveWayAndWrapAndNothingLeavesTheRow)
     for (const QString& text :
         {u"Утилиты"_s, u"2.4-beta.17 "_s.repeated(30), u"ВЕРСИЯ"_s, u"слово "_s.repeated(50)}) {
         labels.append(new TextLabel({.lines = text == u"ВЕРСИЯ"_s ? Lines::Whole : Lines::Wrapped}, text));
-        row->append(labels.last());
+        row->addWidget(labels.last());
     }
     window.setLayout(row);
     for (const int width : {300, 500, 900}) {
