@@ -6,8 +6,6 @@
 
 #include <QPainter>
 
-#include <cmath>
-
 AppIcon::AppIcon(Style::Length size, QWidget* parent) : QWidget(parent), m_size(size)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -20,25 +18,13 @@ void AppIcon::present(const QString& name)
     m_name = name;
     if (load())
         update();
-    setVisible(!m_image.isNull());
+    setVisible(!image().isNull());
 }
 
 bool AppIcon::load()
 {
-    const qreal ratio = devicePixelRatio();
     const Path file = bundle_layout::icon(Platform::current().bundles.mainBundle(), m_name);
-    if (!m_resource.load(file, int(std::ceil(m_size * ratio))))
-        return false;
-    m_image = m_resource.fitted(QSizeF(m_size, m_size), ratio);
-    m_resource.releasePixels();
-    return true;
-}
-
-QRectF AppIcon::imageRect() const
-{
-    QRectF frame({}, m_image.deviceIndependentSize());
-    frame.moveCenter(QRectF(rect()).center());
-    return frame;
+    return m_picture.load(file, {m_size, m_size}, devicePixelRatio());
 }
 
 QSize AppIcon::sizeHint() const
@@ -49,7 +35,9 @@ QSize AppIcon::sizeHint() const
 void AppIcon::paintEvent(QPaintEvent*)
 {
     // The window may have moved to a screen of another density.
-    if (m_image.devicePixelRatio() != devicePixelRatio())
+    if (image().devicePixelRatio() != devicePixelRatio())
         load();
-    QPainter(this).drawImage(imageRect().topLeft(), m_image);
+    QRectF frame({}, image().deviceIndependentSize());
+    frame.moveCenter(QRectF(rect()).center());
+    QPainter(this).drawImage(frame.topLeft(), image());
 }

@@ -17,10 +17,8 @@ public:
     /// Reads the icon of the application with that name from the bundle.
     void present(const QString& name);
 
-    /// The picture as it is drawn; null when there is none.
-    const QImage& image() const { return m_image; }
-    /// Where the picture lies in this widget.
-    QRectF imageRect() const;
+    /// Null when there is none.
+    const QImage& image() const { return m_picture.image(); }
     QSize sizeHint() const override;
 
 protected:
@@ -32,6 +30,5 @@ private:
 
     int m_size;
     QString m_name;
-    ResourceImage m_resource;
-    QImage m_image;
+    ResourceImage m_picture;
 };

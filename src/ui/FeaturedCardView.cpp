@@ -2,17 +2,25 @@
 
 #include "ui/AppIcon.h"
 #include "ui/Look.h"
+#include "ui/kit/Shapes.h"
 #include "ui/kit/Stacks.h"
 #include "ui/kit/SymbolView.h"
 #include "ui/kit/TextLabel.h"
 
+#include <QGraphicsDropShadowEffect>
 #include <QHBoxLayout>
 #include <QLinearGradient>
 #include <QPainter>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Qt's effect fades exponentially and counts device pixels: with so many times the radius of a usual blur it
+/// looks like one.
+constexpr qreal effectRadius = 2.5;
+
+} // namespace
 
 FeaturedCardView::FeaturedCardView(Requests& requests, QWidget* parent)
     : PlainButton(parent)
@@ -21,6 +29,7 @@ FeaturedCardView::FeaturedCardView(Requests& requests, QWidget* parent)
     , m_summary(new TextLabel({.style = Look::cardNote, .color = Look::cardText(), .lines = Lines::Wrapped}))
     , m_action(new TextLabel({.style = Look::cardLink, .color = Style::white()}))
     , m_icon(new AppIcon(Look::cardIcon))
+    , m_shadow(new QGraphicsDropShadowEffect(m_icon))
 {
     const int bleed = Style::focusGap + Style::focusRing;
     setContentsMargins(bleed, bleed, bleed, bleed);
@@ -40,6 +49,9 @@ FeaturedCardView::FeaturedCardView(Requests& requests, QWidget* parent)
         });
     setContent(hstack({.spacing = Look::cardSpacing, .margins = {margin, margin, margin, margin}},
         {stretched(texts), m_icon}));
+    m_shadow->setOffset(0, Look::shadowOffset);
+    m_shadow->setColor(Look::shadow());
+    m_icon->setGraphicsEffect(m_shadow);
 
     connect(this, &QAbstractButton::clicked, this,
         [this, &requests] { Q_EMIT requests.sent(request::Open{m_target}); });
@@ -53,6 +65,7 @@ void FeaturedCardView::present(const FeaturedCard& card)
     m_summary->setText(card.summary);
     m_action->setText(card.action);
     m_icon->present(card.icon);
+    m_shadow->setBlurRadius(effectRadius * Look::shadowBlur * devicePixelRatio());
     setAccessibleName(card.accessibleName);
 }
 
@@ -65,13 +78,6 @@ void FeaturedCardView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawBackground(painter);
-    drawFocusRing(painter);
-    drawShadow(painter);
-}
-
-void FeaturedCardView::drawBackground(QPainter& painter) const
-{
     const qreal leading = layoutDirection() == Qt::RightToLeft ? 1 : 0;
     QLinearGradient colors(leading, 0, 1 - leading, 1);
     colors.setCoordinateMode(QGradient::ObjectMode);
@@ -81,16 +87,5 @@ void FeaturedCardView::drawBackground(QPainter& painter) const
     painter.fillPath(shape, colors);
     if (const auto fill = stateFill())
         painter.fillPath(shape, *fill);
-}
-
-void FeaturedCardView::drawShadow(QPainter& painter)
-{
-    if (m_icon->image().isNull())
-        return;
-    const qint64 picture = m_icon->image().cacheKey();
-    if (std::exchange(m_shadowOwner, picture) != picture)
-        m_shadow =
-            shadowOf(m_icon->image(), Look::shadowBlur, QPointF(0, Look::shadowOffset), Look::shadow());
-    const QPointF icon = m_icon->mapTo(this, QPoint()) + m_icon->imageRect().topLeft();
-    painter.drawImage(icon + m_shadow.position, m_shadow.image);
+    drawFocusRing(painter);
 }

@@ -2,10 +2,10 @@
 
 #include "ui/Requests.h"
 #include "ui/kit/PlainButton.h"
-#include "ui/kit/Shapes.h"
 #include "ui/model/CatalogPage.h"
 
 class AppIcon;
+class QGraphicsDropShadowEffect;
 class TextLabel;
 
 /// The large card of the overview, on a colour that runs from its top leading to its bottom trailing corner.
@@ -23,16 +23,11 @@ protected:
     ButtonShape shape() const override;
 
 private:
-    void drawBackground(QPainter& painter) const;
-    void drawShadow(QPainter& painter);
-
     StoreApp m_target;
     TextLabel* m_slogan;
     TextLabel* m_name;
     TextLabel* m_summary;
     TextLabel* m_action;
     AppIcon* m_icon;
-    Shadow m_shadow;
-    /// Of which picture the shadow is.
-    qint64 m_shadowOwner = 0;
+    QGraphicsDropShadowEffect* m_shadow;
 };

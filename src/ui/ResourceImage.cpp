@@ -20,31 +20,26 @@ QImage decoded(std::span<const std::byte> file, int edge)
 
 } // namespace
 
-bool ResourceImage::load(const Path& file, int edge)
+bool ResourceImage::load(const Path& file, const QSize& box, qreal devicePixelRatio)
 {
     const Files& files = Platform::current().files;
     const auto stamp = files.stamp(file);
+    const QSizeF pixels = QSizeF(box) * devicePixelRatio;
     const bool isSameFile = std::exchange(m_stamp, stamp) == stamp;
-    if (std::exchange(m_edge, edge) == edge && isSameFile)
+    if (std::exchange(m_pixels, pixels) == pixels && isSameFile)
         return false;
 
     const auto read = files.read(file);
-    m_image = read ? decoded(std::as_bytes(std::span(*read)), edge) : QImage();
+    m_image = read ? decoded(std::as_bytes(std::span(*read)), qCeil(pixels.width())) : QImage();
+    if (m_image.isNull())
+        return true;
+    m_image = m_image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                  .scaled(pixels.toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    m_image.setDevicePixelRatio(devicePixelRatio);
     return true;
 }
 
 void ResourceImage::clear()
 {
     *this = {};
-}
-
-QImage ResourceImage::fitted(const QSizeF& box, qreal devicePixelRatio) const
-{
-    if (m_image.isNull())
-        return {};
-    QImage scaled =
-        m_image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-            .scaled((box * devicePixelRatio).toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    scaled.setDevicePixelRatio(devicePixelRatio);
-    return scaled;
 }

@@ -23,13 +23,13 @@ void ScreenshotView::present(const std::optional<Screenshot>& screenshot)
 {
     setAccessibleName(screenshot ? screenshot->accessibleName : QString());
     if (!screenshot)
-        m_resource.clear();
-    if (screenshot && m_resource.load(screenshot->file, Look::screenshotMaxWidth)) {
-        m_fitted = {};
+        m_picture.clear();
+    const QSize box(Look::screenshotMaxWidth, QWIDGETSIZE_MAX);
+    if (screenshot && m_picture.load(screenshot->file, box, devicePixelRatio())) {
         updateGeometry();
         update();
     }
-    setVisible(!m_resource.image().isNull());
+    setVisible(!m_picture.image().isNull());
 }
 
 QSize ScreenshotView::sizeHint() const
@@ -39,24 +39,17 @@ QSize ScreenshotView::sizeHint() const
 
 int ScreenshotView::heightForWidth(int width) const
 {
-    const QSize natural = m_resource.image().size();
+    const QSize picture = m_picture.image().size();
     const int shown = std::min<int>(width, Look::screenshotMaxWidth);
-    return natural.isEmpty() ? 0 : natural.height() * shown / natural.width();
+    return picture.isEmpty() ? 0 : picture.height() * shown / picture.width();
 }
 
 void ScreenshotView::paintEvent(QPaintEvent*)
 {
-    const qreal ratio = devicePixelRatio();
-    if (m_fitted.isNull() || m_fitted.devicePixelRatio() != ratio
-        || m_fitted.deviceIndependentSize().width() > width()
-        || m_fitted.deviceIndependentSize().width() < width() - 1)
-        m_fitted = m_resource.fitted(size(), ratio);
-
-    QRectF frame({}, m_fitted.deviceIndependentSize());
-    frame.moveCenter(QRectF(rect()).center());
-    QBrush picture(m_fitted);
-    picture.setTransform(QTransform::fromTranslate(frame.left(), frame.top()));
+    QBrush picture(m_picture.image());
+    const QSizeF natural = m_picture.image().deviceIndependentSize();
+    picture.setTransform(QTransform::fromScale(width() / natural.width(), height() / natural.height()));
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(continuousRect(frame, Look::screenshotCorner), picture);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.fillPath(continuousRect(rect(), Look::screenshotCorner), picture);
 }

@@ -24,7 +24,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    ResourceImage m_resource;
-    /// The picture at the size in which it was drawn last.
-    QImage m_fitted;
+    ResourceImage m_picture;
 };

@@ -89,13 +89,12 @@ void Sidebar::presentBrandImage(const Path& file)
     // Read once: the window is presented anew with every keystroke.
     if (std::exchange(m_brandFile, file) == file)
         return;
-    const qreal ratio = devicePixelRatio();
+    const int edge = Look::windowIcon;
     ResourceImage brand;
-    brand.load(file, int(Look::windowIcon * ratio));
-    const auto fitted = [&](int edge) { return QPixmap::fromImage(brand.fitted(QSizeF(edge, edge), ratio)); };
-    m_brandImage->setPixmap(fitted(Look::brandImage));
+    brand.load(file, {edge, edge}, devicePixelRatio());
+    setWindowIcon(QPixmap::fromImage(brand.image()));
+    m_brandImage->setPixmap(windowIcon().pixmap(m_brandImage->size(), devicePixelRatio()));
     m_brandImage->setVisible(!brand.image().isNull());
-    setWindowIcon(fitted(Look::windowIcon));
 }
 
 void Sidebar::focusSearch()
