@@ -1,6 +1,7 @@
 #include "ui/Pictures.h"
 #include "ui/UiTest.h"
 
+#include "ui/AppRow.h"
 #include "ui/FeaturedCardView.h"
 #include "ui/Look.h"
 #include "ui/SectionButton.h"
@@ -11,6 +12,7 @@
 #include "ui/kit/Spinner.h"
 #include "ui/kit/SymbolButton.h"
 #include "ui/kit/SymbolView.h"
+#include "ui/kit/Symbols.h"
 
 #include <QApplication>
 #include <QHoverEvent>
@@ -80,19 +82,13 @@ using SheetTest = UiTest;
 TEST_F(SheetTest, EachSymbolIsDrawnWithAllItsStrokes)
 {
     Sheet sheet;
-    for (const QString& name : {u"sparkles"_s, u"square.grid.2x2"_s, u"wrench.and.screwdriver"_s,
-             u"play.rectangle"_s, u"doc.text"_s, u"checkmark.circle"_s, u"arrow.down.circle"_s,
-             u"person.crop.circle"_s, u"arrow.clockwise"_s, u"arrow.up.right"_s, u"magnifyingglass"_s,
-             u"shippingbox"_s, u"chevron.left"_s, u"checkmark"_s, u"xmark"_s}) {
-        SymbolView symbol(name, {72}, Style::primaryText());
-        sheet.add(symbol, {72, 72});
+    for (const auto direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+        QApplication::setLayoutDirection(direction);
+        for (const QString& name : symbolNames()) {
+            SymbolView symbol(name, {72}, Style::primaryText());
+            sheet.add(symbol, {72, 72});
+        }
     }
-    QApplication::setLayoutDirection(Qt::RightToLeft);
-    for (const QString& name : {u"arrow.up.right"_s, u"chevron.left"_s, u"checkmark"_s}) {
-        SymbolView mirrored(name, {72}, Style::primaryText());
-        sheet.add(mirrored, {72, 72});
-    }
-    QApplication::setLayoutDirection(Qt::LeftToRight);
     Spinner spinner;
     spinner.show();
     QTimerEvent turn(0);
@@ -126,7 +122,8 @@ TEST_F(SheetTest, EachControlIsDrawnInItsStates)
     sheet.add(field, {160, 28});
     field.clearFocus();
     sheet.add(field, {160, 28});
-    field.present(u"Brisko"_s);
+    field.present(u" "_s);
+    sheet.add(field, {160, 28});
     QScrollBar bar;
     bar.setRange(0, 100);
     bar.setPageStep(50);
@@ -134,7 +131,13 @@ TEST_F(SheetTest, EachControlIsDrawnInItsStates)
     sheet.add(bar, {10, 90});
     Divider divider;
     sheet.add(divider, {120, 1});
-    expectPicture(u"controls"_s, sheet.image(), {.block = 2, .distance = 40, .pixels = 4});
+    Requests requests;
+    AppRow row(requests);
+    AppRowContent content;
+    content.icon = brisko.name;
+    row.present(content);
+    sheet.add(row, {400, 80});
+    expectPicture(u"controls"_s, sheet.image(), {.block = 2, .distance = 24, .pixels = 6});
 }
 
 TEST_F(SheetTest, TheCardRunsFromRedToBlackUnderItsIconAndShadow)
@@ -142,7 +145,7 @@ TEST_F(SheetTest, TheCardRunsFromRedToBlackUnderItsIconAndShadow)
     Sheet sheet;
     Requests requests;
     FeaturedCardView card(requests);
-    FeaturedCard content{};
+    FeaturedCard content;
     content.icon = brisko.name;
     card.present(content);
     addStates(sheet, card, {560, 228});

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -45,6 +46,7 @@ QByteArray UiTest::png(int width, int height)
 {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::red);
+    QPainter(&image).fillRect(0, 0, width / 2, height / 2, Qt::white);
     QByteArray file;
     QBuffer buffer(&file);
     image.save(&buffer, "PNG");
