@@ -76,6 +76,18 @@ TEST_F(ApplicationRegistryTest, EveryChangeShowsAtTheNextLook)
     EXPECT_EQ(find(brisko), Path());
 }
 
+TEST_F(ApplicationRegistryTest, WhatHappensInAWatchedFolderIsToldOnceHoweverMuchItIs)
+{
+    FolderWatch watch;
+    watch.restart();
+    watch.add(folder);
+    EXPECT_FALSE(watch.takeChange());
+    for (int number = 0; number < 300; ++number)
+        writeFile(folder / std::to_string(number), {});
+    EXPECT_TRUE(watch.takeChange());
+    EXPECT_FALSE(watch.takeChange());
+}
+
 TEST_F(ApplicationRegistryTest, ADesktopEntryCountsWhenItMayBeShownAndNoBundleIsThere)
 {
     const QByteArray nothing = "[Desktop Entry]\nType=Application\nName=Brisko\n";
