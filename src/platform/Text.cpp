@@ -7,7 +7,6 @@
 #include <unicode/unistr.h>
 #include <unicode/unorm.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -46,11 +45,6 @@ int canonicalComparison(QStringView left, QStringView right)
         first.getBuffer(), first.length(), second.getBuffer(), second.length(), U_FOLD_CASE_DEFAULT, &status);
 }
 
-bool isAscii(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
-}
-
 /// Whether no character with its marks is cut in two here.
 bool isBetweenCharacters(QStringView text, qsizetype place)
 {
@@ -66,17 +60,12 @@ bool isBetweenCharacters(QStringView text, qsizetype place)
 
 bool canonicallyEqual(QStringView left, QStringView right)
 {
-    // No text of ASCII is another spelling of another one, as most identifiers show.
-    return left == right || (!(isAscii(left) && isAscii(right)) && canonicalComparison(left, right) == 0);
+    return canonicalComparison(left, right) == 0;
 }
 
 std::size_t canonicalHash(QStringView text)
 {
-    if (isAscii(text))
-        return qHash(text);
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeString alias = aliasOf(text);
-    return composition().isNormalized(alias, status) ? qHash(text) : qHash(viewOf(composed(alias)));
+    return qHash(viewOf(composed(aliasOf(text))));
 }
 
 bool CanonicalOrder::operator()(const QString& left, const QString& right) const
