@@ -1,13 +1,13 @@
 #include "pack/checks/Application.h"
 
 #include "pack/checks/TreeCheck.h"
+#include "platform/BundleLayout.h"
 #include "platform/posix/PropertyList.h"
 
 #include <QVersionNumber>
 #include <QtEndian>
 
 #include <algorithm>
-#include <cstring>
 
 using namespace Qt::StringLiterals;
 
@@ -38,36 +38,30 @@ QString elfProcessor(quint16 machine)
     }
 }
 
-template <class Number>
-Number bigEndianAt(const QByteArray& bytes, qsizetype place)
-{
-    return place + qsizetype(sizeof(Number)) <= bytes.size()
-        ? qFromBigEndian<Number>(bytes.constData() + place)
-        : Number();
-}
-
-template <class Number>
-Number littleEndianAt(const QByteArray& bytes, qsizetype place)
-{
-    return place + qsizetype(sizeof(Number)) <= bytes.size()
-        ? qFromLittleEndian<Number>(bytes.constData() + place)
-        : Number();
-}
-
 QStringList withoutNull(const QString& text)
 {
     return text.isNull() ? QStringList() : QStringList(text);
 }
 
 /// The processors of the parts of a universal file (Mach-O): a table of 20 or 32 bytes a part.
-QStringList universalProcessors(const QByteArray& head, qsizetype partSize)
+QStringList universalProcessors(const char* head, int partSize)
 {
     constexpr quint32 mostParts = 15;
     QStringList result;
-    const quint32 parts = std::min(bigEndianAt<quint32>(head, 4), mostParts);
+    const quint32 parts = std::min(qFromBigEndian<quint32>(head + 4), mostParts);
     for (quint32 part = 0; part < parts; ++part)
-        result += withoutNull(machProcessor(bigEndianAt<quint32>(head, 8 + qsizetype(part) * partSize)));
+        result += withoutNull(machProcessor(qFromBigEndian<quint32>(head + 8 + part * partSize)));
     return result;
+}
+
+/// The file at the end of the way; null when none is there.
+const Tree::Nodes::value_type* fileAt(const Tree& tree, const Path& way)
+{
+    const auto place = resolve(tree, way);
+    const auto node = tree.nodes.find(place.name);
+    const bool isFile = place.end == Resolved::End::Found && node != tree.nodes.end()
+        && node->second.kind == TreeNode::Kind::File;
+    return isFile ? &*node : nullptr;
 }
 
 void checkProcessors(
@@ -77,10 +71,12 @@ void checkProcessors(
     const bool same =
         std::ranges::all_of(processors, [&](const QString& one) { return named.contains(one); });
     if (!same)
-        findings.push_back({Code::ArchitectureDiffers, place,
-            u"the catalog says \"%1\", and the program is built for \"%2\""_s.arg(
+        findings.push_back({.code = Code::ArchitectureDiffers,
+            .place = place,
+            .message = u"the catalog says \"%1\", and the program is built for \"%2\""_s.arg(
                 app.architecture, processors.join(u' ')),
-            app.architecture, processors.join(u' ')});
+            .expected = app.architecture,
+            .found = processors.join(u' ')});
 }
 
 QVersionNumber versionOf(const QString& text)
@@ -102,22 +98,24 @@ std::optional<ApplicationInfo> readInfo(const Tree& tree)
 
 std::optional<QStringList> processorsOf(const QByteArray& head)
 {
+    const QByteArray padded = head.leftJustified(headSize, '\0');
+    const char* const bytes = padded.constData();
     if (head.startsWith("#!"))
         return QStringList();
     if (head.startsWith("\x7f"
                         "ELF")) {
-        const bool isLittleEndian = head.size() > 5 && head[5] == 1;
+        const bool isLittleEndian = bytes[5] == 1;
         return withoutNull(elfProcessor(
-            isLittleEndian ? littleEndianAt<quint16>(head, 18) : bigEndianAt<quint16>(head, 18)));
+            isLittleEndian ? qFromLittleEndian<quint16>(bytes + 18) : qFromBigEndian<quint16>(bytes + 18)));
     }
-    switch (bigEndianAt<quint32>(head, 0)) {
+    switch (qFromBigEndian<quint32>(bytes)) {
     case 0xcafebabe:
-        return universalProcessors(head, 20);
+        return universalProcessors(bytes, 20);
     case 0xcafebabf:
-        return universalProcessors(head, 32);
+        return universalProcessors(bytes, 32);
     case 0xcefaedfe:
     case 0xcffaedfe:
-        return withoutNull(machProcessor(littleEndianAt<quint32>(head, 4)));
+        return withoutNull(machProcessor(qFromLittleEndian<quint32>(bytes + 4)));
     default:
         return std::nullopt;
     }
@@ -125,35 +123,41 @@ std::optional<QStringList> processorsOf(const QByteArray& head)
 
 const TreeNode* executableOf(const Tree& tree, const ApplicationInfo& info)
 {
-    if (info.executable.isEmpty())
-        return nullptr;
-    const auto place = resolve(tree, "Contents/MacOS/" + info.executable.toStdString());
-    const auto node = tree.nodes.find(place.name);
-    if (place.end != Resolved::End::Found || node == tree.nodes.end()
-        || node->second.kind != TreeNode::Kind::File)
-        return nullptr;
-    return &node->second;
+    const auto* const file = fileAt(tree, below(bundle_layout::programs({}), info.executable));
+    return file ? &file->second : nullptr;
+}
+
+std::optional<std::string> iconOf(const Tree& tree, const ApplicationInfo& info)
+{
+    if (info.iconFile.isEmpty())
+        return std::nullopt;
+    for (const QString& name : {info.iconFile, info.iconFile + ".icns"_L1}) {
+        if (const auto* const file = fileAt(tree, below(bundle_layout::resources({}), name)))
+            return file->first;
+    }
+    return std::nullopt;
 }
 
 void checkProgram(const Tree& tree, const Place& place, Findings& findings)
 {
+    const auto tell = [&](Code code, const QString& message, const QString& expected = {}) {
+        findings.push_back({.code = code, .place = place, .message = message, .expected = expected});
+    };
     const auto info = readInfo(tree);
     if (!info) {
-        findings.push_back({Code::PlistUnreadable, place, u"Contents/Info.plist cannot be read"_s, {}, {}});
+        tell(Code::PlistUnreadable, u"Contents/Info.plist cannot be read"_s);
         return;
     }
     const TreeNode* const program = executableOf(tree, *info);
-    const QString name = "Contents/MacOS/"_L1 + info->executable;
+    const QString name = toText(below(bundle_layout::programs({}), info->executable));
     if (!program) {
-        findings.push_back({Code::ExecutableMissing, place, u"there is no program %1"_s.arg(name), name, {}});
+        tell(Code::ExecutableMissing, u"there is no program %1"_s.arg(name), name);
         return;
     }
     if (!program->isExecutable)
-        findings.push_back(
-            {Code::ExecutableMode, place, u"%1 is not allowed to run (chmod +x)"_s.arg(name), {}, {}});
+        tell(Code::ExecutableMode, u"%1 is not allowed to run (chmod +x)"_s.arg(name));
     if (!processorsOf(program->head))
-        findings.push_back(
-            {Code::NotAProgram, place, u"%1 is neither a program nor a script"_s.arg(name), {}, {}});
+        tell(Code::NotAProgram, u"%1 is neither a program nor a script"_s.arg(name));
 }
 
 void checkApplication(const Tree& tree, const StoreApp& app, const Place& place, Findings& findings)
@@ -164,18 +168,19 @@ void checkApplication(const Tree& tree, const StoreApp& app, const Place& place,
     if (!info)
         return;
 
+    const auto tell = [&](Code code, const QString& what, const QString& wanted, const QString& given) {
+        findings.push_back({.code = code,
+            .place = place,
+            .message = u"the catalog says %1\"%2\", and the application \"%3\""_s.arg(what, wanted, given),
+            .expected = wanted,
+            .found = given});
+    };
     if (info->identifier != app.bundleID)
-        findings.push_back({Code::BundleIdDiffers, place,
-            u"the catalog says \"%1\", and the application \"%2\""_s.arg(app.bundleID, info->identifier),
-            app.bundleID, info->identifier});
+        tell(Code::BundleIdDiffers, {}, app.bundleID, info->identifier);
     if (info->version != app.version)
-        findings.push_back({Code::VersionDiffers, place,
-            u"the catalog says version \"%1\", and the application \"%2\""_s.arg(app.version, info->version),
-            app.version, info->version});
+        tell(Code::VersionDiffers, u"version "_s, app.version, info->version);
     if (!info->minimum.isEmpty() && versionOf(info->minimum) != versionOf(app.minimum))
-        findings.push_back({Code::MinimumDiffers, place,
-            u"the catalog says macOS \"%1\", and the application \"%2\""_s.arg(app.minimum, info->minimum),
-            app.minimum, info->minimum});
+        tell(Code::MinimumDiffers, u"macOS "_s, app.minimum, info->minimum);
     const TreeNode* const program = executableOf(tree, *info);
     if (const auto processors = program ? processorsOf(program->head) : std::nullopt)
         checkProcessors(*processors, app, place, findings);

@@ -25,6 +25,9 @@ std::optional<QStringList> processorsOf(const QByteArray& head);
 /// The file that the application runs, behind links; null when there is none.
 const TreeNode* executableOf(const Tree& tree, const ApplicationInfo& info);
 
+/// Where its icon lies, behind links; none when there is none.
+std::optional<std::string> iconOf(const Tree& tree, const ApplicationInfo& info);
+
 /// Whether the application can be run.
 void checkProgram(const Tree& tree, const Place& place, Findings& findings);
 

@@ -35,19 +35,26 @@ bool isBelowZero(const Value& value)
 
 Finding findingOf(const JsonFault& fault, const QString& file)
 {
-    const Place place{file, fault.line, {}};
+    const Place place{.file = file, .line = fault.line};
     switch (fault.kind) {
     case JsonFault::Kind::NotUtf8:
-        return {Code::NotUtf8, place, u"this line is not UTF-8"_s, u"UTF-8"_s, {}};
+        return {.code = Code::NotUtf8,
+            .place = place,
+            .message = u"this line is not UTF-8"_s,
+            .expected = u"UTF-8"_s};
     case JsonFault::Kind::Text:
-        return {Code::NotJson, place,
-            u"a text here has no end, a control character, or a backslash before the wrong one"_s, {}, {}};
+        return {.code = Code::NotJson,
+            .place = place,
+            .message = u"a text here has no end, a control character, or a backslash before the wrong one"_s};
     case JsonFault::Kind::Number:
-        return {Code::NotJson, place, u"a number here is not written as JSON wants it"_s, {}, {}};
+        return {.code = Code::NotJson,
+            .place = place,
+            .message = u"a number here is not written as JSON wants it"_s};
     default:
-        return {Code::NotJson, place,
-            u"a comma, a colon, a bracket or a quotation mark is missing here, or stands here wrongly"_s, {},
-            {}};
+        return {.code = Code::NotJson,
+            .place = place,
+            .message =
+                u"a comma, a colon, a bracket or a quotation mark is missing here, or stands here wrongly"_s};
     }
 }
 
@@ -110,8 +117,10 @@ std::vector<EntryText> readEntries(
         return {};
     }
     if (!catalog.isList) {
-        findings.push_back(
-            {Code::NotJson, {file, 1, {}}, u"it must be a list of entries"_s, u"a list"_s, {}});
+        findings.push_back({.code = Code::NotJson,
+            .place = {.file = file, .line = 1},
+            .message = u"it must be a list of entries"_s,
+            .expected = u"a list"_s});
         return {};
     }
     std::vector<EntryText> entries;
@@ -121,8 +130,10 @@ std::vector<EntryText> readEntries(
         if (entry.isObject)
             entries.push_back(entryText(entry, file, kind, findings));
         else
-            findings.push_back({Code::KeyType, {file, entry.line, {}},
-                u"entry %1 must be an object"_s.arg(position), u"an object"_s, {}});
+            findings.push_back({.code = Code::KeyType,
+                .place = {.file = file, .line = entry.line},
+                .message = u"entry %1 must be an object"_s.arg(position),
+                .expected = u"an object"_s});
     }
     checkEntries(entries, file, findings);
     return entries;

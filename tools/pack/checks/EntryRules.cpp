@@ -44,19 +44,24 @@ void checkText(const QString& text, CodingKeys key, const Place& place, Findings
 {
     const QString name = QString::fromLatin1(keyText(key).data());
     if (text.trimmed().isEmpty())
-        findings.push_back({Code::TextEmpty, place, u"\"%1\" is empty"_s.arg(name), {}, text});
+        findings.push_back({.code = Code::TextEmpty,
+            .place = place,
+            .message = u"\"%1\" is empty"_s.arg(name),
+            .found = text});
     const auto control = std::ranges::find_if(text, [key](QChar character) {
         return isControl(character) && !(key == descriptionKey && character == u'\n');
     });
     if (control != text.end())
-        findings.push_back({Code::TextControl, place,
-            u"\"%1\" holds the control character %2"_s.arg(name, codePoint(*control)), {},
-            codePoint(*control)});
+        findings.push_back({.code = Code::TextControl,
+            .place = place,
+            .message = u"\"%1\" holds the control character %2"_s.arg(name, codePoint(*control)),
+            .found = codePoint(*control)});
     const auto bidi = std::ranges::find_if(text, isBidiControl);
     if (bidi != text.end())
-        findings.push_back({Code::TextBidi, place,
-            u"\"%1\" changes the direction of writing with %2"_s.arg(name, codePoint(*bidi)), {},
-            codePoint(*bidi)});
+        findings.push_back({.code = Code::TextBidi,
+            .place = place,
+            .message = u"\"%1\" changes the direction of writing with %2"_s.arg(name, codePoint(*bidi)),
+            .found = codePoint(*bidi)});
 }
 
 void checkField(const QString& text, CodingKeys key, const Place& place, Findings& findings)
@@ -88,22 +93,25 @@ void checkEntry(const EntryText& entry, const QString& file, Findings& findings)
             checkField(app.*field, key, entry.at(file, key), findings);
     });
     const auto has = [&](CodingKeys key) { return entry.keyLines.at(std::size_t(key)) > 0; };
+    const auto tell = [&](Code code, CodingKeys key, const QString& message, const QString& expected,
+                          const QString& found) {
+        findings.push_back({code, entry.at(file, key), message, expected, found});
+    };
     for (const auto& [key, text] : {std::pair(nameKey, app.name), {archiveKey, app.archive}}) {
         if (has(key) && !canBeFileName(text))
-            findings.push_back({Code::NameNotFile, entry.at(file, key),
-                u"\"%1\" cannot be the name of a file"_s.arg(text), {}, text});
+            tell(Code::NameNotFile, key, u"\"%1\" cannot be the name of a file"_s.arg(text), {}, text);
     }
     if (has(archiveKey) && !app.archive.endsWith(".zip"_L1))
-        findings.push_back({Code::ArchiveNotZip, entry.at(file, archiveKey),
-            u"\"%1\" does not end with .zip"_s.arg(app.archive), u".zip"_s, app.archive});
+        tell(Code::ArchiveNotZip, archiveKey, u"\"%1\" does not end with .zip"_s.arg(app.archive), u".zip"_s,
+            app.archive);
     if (has(categoryKey) && std::ranges::find(categoryTitles, app.category) == categoryTitles.end())
-        findings.push_back({Code::CategoryUnknown, entry.at(file, categoryKey),
+        tell(Code::CategoryUnknown, categoryKey,
             u"«%1» is no section of the window (%2)"_s.arg(app.category, categoryList()), categoryList(),
-            app.category});
+            app.category);
     static const QRegularExpression numbers(u"^[0-9]+(\\.[0-9]+)*$"_s, QRegularExpression::DontCaptureOption);
     if (has(minimumKey) && !numbers.match(app.minimum).hasMatch())
-        findings.push_back({Code::MinimumForm, entry.at(file, minimumKey),
-            u"\"%1\" is no version such as 13 or 10.15"_s.arg(app.minimum), u"13"_s, app.minimum});
+        tell(Code::MinimumForm, minimumKey, u"\"%1\" is no version such as 13 or 10.15"_s.arg(app.minimum),
+            u"13"_s, app.minimum);
 }
 
 /// Complains where two entries have the same text at the key.
@@ -120,10 +128,11 @@ void checkShared(const std::vector<EntryText>& entries, const QString& file, Cod
         if (first == lines.constEnd())
             lines.insert(folded(text), line);
         else
-            findings.push_back({code, entry.at(file, key),
-                u"\"%1\" is also the %2 in line %3"_s.arg(
+            findings.push_back({.code = code,
+                .place = entry.at(file, key),
+                .message = u"\"%1\" is also the %2 in line %3"_s.arg(
                     text, QString::fromLatin1(keyText(key).data()), QString::number(*first)),
-                {}, text});
+                .found = text});
     }
 }
 
@@ -148,6 +157,11 @@ QString foldedName(const QString& name)
         .normalized(QString::NormalizationForm_C);
 }
 
+bool showsScreenshot(const StoreApp& app)
+{
+    return app.id == "brisko"_L1;
+}
+
 void checkEntries(const std::vector<EntryText>& entries, const QString& file, Findings& findings)
 {
     for (const EntryText& entry : entries)
@@ -158,11 +172,15 @@ void checkEntries(const std::vector<EntryText>& entries, const QString& file, Fi
     checkShared(entries, file, archiveKey, &StoreApp::archive, Code::ArchiveShared, foldedName, findings);
 
     if (!entries.empty() && entries.front().app.name != "Brisko"_L1)
-        findings.push_back({Code::FirstNotBrisko, entries.front().at(file, nameKey),
-            u"the first entry is featured, and its card always speaks of «Brisko»"_s, u"Brisko"_s,
-            entries.front().app.name});
+        findings.push_back({.code = Code::FirstNotBrisko,
+            .place = entries.front().at(file, nameKey),
+            .message = u"the first entry is featured, and its card always speaks of «Brisko»"_s,
+            .expected = u"Brisko"_s,
+            .found = entries.front().app.name});
     if (entries.size() != entriesOfSelfTest)
-        findings.push_back({Code::CountNotFour, {file, 0, {}},
-            u"the store's self-test wants four entries, and there are %1"_s.arg(entries.size()), u"4"_s,
-            QString::number(entries.size())});
+        findings.push_back({.code = Code::CountNotFour,
+            .place = {.file = file},
+            .message = u"the store's self-test wants four entries, and there are %1"_s.arg(entries.size()),
+            .expected = u"4"_s,
+            .found = QString::number(entries.size())});
 }

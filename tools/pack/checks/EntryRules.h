@@ -10,3 +10,6 @@ bool canBeFileName(const QString& text);
 
 /// The name as a file system that ignores letter case compares it.
 QString foldedName(const QString& name);
+
+/// Whether the entry's page shows the screenshot.
+bool showsScreenshot(const StoreApp& app);

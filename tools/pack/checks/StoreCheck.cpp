@@ -1,14 +1,15 @@
 #include "pack/checks/StoreCheck.h"
 
 #include "pack/checks/Application.h"
-#include "pack/checks/BundleFiles.h"
 #include "pack/checks/EntryRules.h"
+#include "pack/checks/PictureSizes.h"
 #include "pack/checks/TreeCheck.h"
 #include "pack/files/FileAccess.h"
 #include "pack/findings/Parallel.h"
 #include "pack/pictures/Pictures.h"
 #include "pack/trees/ArchiveReading.h"
 #include "pack/trees/FolderReading.h"
+#include "platform/BundleLayout.h"
 
 #include <algorithm>
 #include <set>
@@ -18,57 +19,59 @@ namespace fs = std::filesystem;
 
 namespace {
 
-QString inBundle(const Path& resource)
+void checkArchive(const Path& bundle, const StoreApp& app, Findings& findings)
 {
-    return toText(bundle_file::resources / resource);
-}
-
-void checkArchive(const Path& resources, const StoreApp& app, Findings& findings)
-{
-    const Path name = Path(bundle_file::packages) / toPath(app.archive);
-    const Place place{inBundle(name), 0, app.name};
-    const auto digest = digestOf(resources / name);
+    const Path name = below(bundle_layout::packages({}), app.archive);
+    const Place place{.file = toText(name), .entry = app.name};
+    const auto tell = [&](Code code, const QString& message, const QString& expected = {},
+                          const QString& found = {}) {
+        findings.push_back({code, place, message, expected, found});
+    };
+    const auto digest = digestOf(bundle / name);
     if (!digest) {
-        findings.push_back({Code::ArchiveMissing, place, digest.error().localizedDescription, {}, {}});
+        tell(Code::ArchiveMissing, digest.error().localizedDescription);
         return;
     }
     if (digest->bytes != app.bytes)
-        findings.push_back({Code::SizeDiffers, place,
+        tell(Code::SizeDiffers,
             u"the catalog says %1 bytes, and the archive has %2"_s.arg(app.bytes).arg(digest->bytes),
-            QString::number(app.bytes), QString::number(digest->bytes)});
+            QString::number(app.bytes), QString::number(digest->bytes));
     if (digest->sha256 != app.sha256)
-        findings.push_back({Code::DigestDiffers, place,
+        tell(Code::DigestDiffers,
             u"the catalog says SHA-256 %1, and the archive has %2"_s.arg(app.sha256, digest->sha256),
-            app.sha256, digest->sha256});
+            app.sha256, digest->sha256);
     const auto before = findings.size();
-    const Tree tree = readArchive(resources / name, (app.name + ".app"_L1).toStdString(), place, findings);
+    const Tree tree = readArchive(bundle / name, bundle_layout::bundle({}, app.name), place, findings);
     if (findings.size() == before)
         checkApplication(tree, app, place, findings);
 }
 
-void checkStorePicture(const Path& resources, const Path& name, const QString& entry, int smallest,
+void checkStorePicture(const Path& bundle, const Path& name, const QString& entry, int smallest,
     Square square, Findings& findings)
 {
-    if (const auto picture = readPicture(resources / name, {inBundle(name), 0, entry}, findings))
+    if (const auto picture = readPicture(bundle / name, {.file = toText(name), .entry = entry}, findings))
         checkPicture(*picture, smallest, square, findings);
 }
 
 /// Complains of files beside the catalog that no entry names. Other folders belong to the program.
-void checkUnreferenced(const Path& resources, const Catalog& catalog, Findings& findings)
+void checkUnreferenced(const Path& bundle, const Catalog& catalog, Findings& findings)
 {
-    std::set<Path> known{bundle_file::catalog, bundle_file::brand, bundle_file::screenshot};
+    std::set<Path> known{
+        bundle_layout::catalog({}), bundle_layout::brandImage({}), bundle_layout::screenshot({})};
     for (const StoreApp& app : catalog) {
-        known.insert(bundle_file::icon(app));
-        known.insert(Path(bundle_file::packages) / toPath(app.archive));
+        known.insert(bundle_layout::icon({}, app.name));
+        known.insert(below(bundle_layout::packages({}), app.archive));
     }
-    for (const Path& folder : {Path(), Path(bundle_file::packages)}) {
+    for (const Path& folder : {bundle_layout::resources({}), bundle_layout::packages({})}) {
+        const bool holdsFolders = folder == bundle_layout::resources({});
         std::error_code error;
-        for (fs::directory_iterator place(resources / folder, error), end; !error && place != end;
+        for (fs::directory_iterator place(bundle / folder, error), end; !error && place != end;
              place.increment(error)) {
             const Path name = folder / place->path().filename();
-            if ((!folder.empty() || !place->is_directory(error)) && !known.contains(name))
-                findings.push_back({Code::UnreferencedFile, {inBundle(name), 0, {}},
-                    u"nothing in the catalog refers to this file"_s, {}, {}});
+            if (!(holdsFolders && place->is_directory(error)) && !known.contains(name))
+                findings.push_back({.code = Code::UnreferencedFile,
+                    .place = {.file = toText(name)},
+                    .message = u"nothing in the catalog refers to this file"_s});
         }
     }
 }
@@ -77,21 +80,22 @@ void checkUnreferenced(const Path& resources, const Catalog& catalog, Findings& 
 
 Result<StoreBundle> readStore(const Path& bundle)
 {
-    const Path resources = bundle / bundle_file::resources;
-    const auto json = readFile(resources / bundle_file::catalog);
+    const auto json = readFile(bundle_layout::catalog(bundle));
     if (!json)
         return tl::unexpected(json.error());
 
     StoreBundle store;
     Findings& findings = store.findings;
-    const QString file = inBundle(bundle_file::catalog);
+    const QString file = toText(bundle_layout::catalog({}));
     const auto texts = readEntries(*json, file, CatalogKind::Store, findings);
     if (auto catalog = decodeCatalog(std::as_bytes(std::span(*json))))
         store.catalog = *std::move(catalog);
     else if (!hasErrors(findings))
-        findings.push_back({Code::NotJson, {file, 0, {}}, catalog.error().localizedDescription, {}, {}});
+        findings.push_back({.code = Code::NotJson,
+            .place = {.file = file},
+            .message = catalog.error().localizedDescription});
 
-    const Place program{u"Contents"_s, 0, {}};
+    const Place program{.file = toText(bundle_layout::contents({}))};
     const Tree tree = readTree(bundle, program, findings);
     checkTree(tree, program, findings);
     checkProgram(tree, program, findings);
@@ -99,19 +103,18 @@ Result<StoreBundle> readStore(const Path& bundle)
     const Findings found = findInParallel(store.catalog.size(), [&](std::size_t index, Findings& some) {
         const StoreApp& app = store.catalog[index];
         if (canBeFileName(app.archive) && canBeFileName(app.name)) {
-            checkArchive(resources, app, some);
-            checkStorePicture(
-                resources, bundle_file::icon(app), app.name, bundle_file::smallestIcon, Square::Wanted, some);
+            checkArchive(bundle, app, some);
+            checkStorePicture(bundle, bundle_layout::icon({}, app.name), app.name, picture_size::smallestIcon,
+                Square::Wanted, some);
         }
     });
     findings.insert(findings.end(), found.begin(), found.end());
 
     checkStorePicture(
-        resources, bundle_file::brand, {}, bundle_file::brandEdge, Square::Indifferent, findings);
-    if (std::ranges::any_of(
-            store.catalog, [](const StoreApp& app) { return app.id == bundle_file::entryWithScreenshot; }))
-        checkStorePicture(resources, bundle_file::screenshot, {}, bundle_file::smallestScreenshot,
+        bundle, bundle_layout::brandImage({}), {}, picture_size::brandEdge, Square::Indifferent, findings);
+    if (std::ranges::any_of(store.catalog, showsScreenshot))
+        checkStorePicture(bundle, bundle_layout::screenshot({}), {}, picture_size::smallestScreenshot,
             Square::Indifferent, findings);
-    checkUnreferenced(resources, store.catalog, findings);
+    checkUnreferenced(bundle, store.catalog, findings);
     return store;
 }

@@ -1,5 +1,7 @@
 #include "pack/trees/ArchiveReading.h"
 
+#include "platform/BundleLayout.h"
+
 #include <QStringList>
 
 #include <archive.h>
@@ -93,7 +95,7 @@ private:
             return refuse(whole, u"leads to a place with too long a name"_s);
         int status = ARCHIVE_OK;
         if (node.kind == TreeNode::Kind::File) {
-            const bool isList = whole == m_top + "/Contents/Info.plist";
+            const bool isList = whole == bundle_layout::infoList(m_top);
             const QByteArray content = readContent(isList ? largestInfoList : headSize, node.size, status);
             node.head = content.left(headSize);
             if (isList)

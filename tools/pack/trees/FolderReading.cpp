@@ -1,6 +1,6 @@
 #include "pack/trees/FolderReading.h"
 
-#include "pack/files/FileAccess.h"
+#include "platform/BundleLayout.h"
 
 #include <algorithm>
 #include <array>
@@ -68,7 +68,7 @@ private:
             node.size = qint64(entry.file_size(error));
             node.written = entry.last_write_time(error);
             node.head = beginning(entry.path(), headSize, error);
-            if (name == "Contents/Info.plist" && node.size <= largestInfoList)
+            if (name == bundle_layout::infoList({}) && node.size <= largestInfoList)
                 m_tree.infoList = beginning(entry.path(), node.size, error);
             break;
         default:

@@ -26,7 +26,8 @@ struct TreeNode {
 /// An application's folder or archive: its places, named relative to it, in the order of their bytes, so that
 /// a folder comes before what lies in it.
 struct Tree {
-    std::map<std::string, TreeNode> nodes;
+    using Nodes = std::map<std::string, TreeNode>;
+    Nodes nodes;
     /// Contents/Info.plist, if it is there and no larger than such a list can be.
     QByteArray infoList;
 };

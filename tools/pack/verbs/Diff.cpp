@@ -1,7 +1,7 @@
 #include "catalog/Fields.h"
-#include "pack/checks/BundleFiles.h"
 #include "pack/files/FileAccess.h"
 #include "pack/verbs/Verbs.h"
+#include "platform/BundleLayout.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -22,8 +22,7 @@ struct Side {
 
 Result<Side> readSide(const Path& store)
 {
-    const Path resources = store / bundle_file::resources;
-    const Path file = resources / bundle_file::catalog;
+    const Path file = bundle_layout::catalog(store);
     const auto json = readFile(file);
     if (!json)
         return tl::unexpected(json.error());
@@ -32,7 +31,7 @@ Result<Side> readSide(const Path& store)
         return cannot("read"_L1, file, u"it is no catalog, and plovistore-pack check tells why"_s);
     Side side{std::move(*catalog), {}};
     for (const StoreApp& app : side.catalog)
-        side.icons.append(digestOf(resources / bundle_file::icon(app)).value_or(FileDigest()).sha256);
+        side.icons.append(digestOf(bundle_layout::icon(store, app.name)).value_or(FileDigest()).sha256);
     return side;
 }
 

@@ -1,12 +1,12 @@
 #include "catalog/Categories.h"
 #include "pack/checks/Application.h"
-#include "pack/checks/BundleFiles.h"
 #include "pack/checks/EntryRules.h"
 #include "pack/files/FileAccess.h"
 #include "pack/files/Staging.h"
 #include "pack/pictures/Pictures.h"
 #include "pack/trees/FolderReading.h"
 #include "pack/verbs/Verbs.h"
+#include "platform/BundleLayout.h"
 
 #include <cstdio>
 
@@ -47,13 +47,13 @@ StoreApp entryFor(const Path& app, const Tree& tree, const ApplicationInfo& info
 Result<StoreApp> addApplication(const Path& collection, const Path& given)
 {
     const Path app = given.has_filename() ? given : given.parent_path();
-    if (app.extension() != ".app")
+    if (app.extension() != bundle_layout::ending)
         return cannot("read"_L1, app, u"the name of an application ends with .app"_s);
     Findings findings;
-    const Tree tree = readTree(app, {toText(app), 0, {}}, findings);
+    const Tree tree = readTree(app, {.file = toText(app)}, findings);
     const auto info = readInfo(tree);
     if (!info)
-        return cannot("read"_L1, app / "Contents" / "Info.plist", u"it is missing or no property list"_s);
+        return cannot("read"_L1, bundle_layout::infoList(app), u"it is missing or no property list"_s);
     const Path place = collection / "apps" / app.filename();
     std::error_code error;
     if (fs::exists(fs::symlink_status(place, error)))
@@ -61,12 +61,10 @@ Result<StoreApp> addApplication(const Path& collection, const Path& given)
     if (auto copied = copyTree(app, place); !copied)
         return tl::unexpected(copied.error());
 
-    const QString iconName =
-        info->iconFile.endsWith(".icns"_L1) ? info->iconFile : info->iconFile + ".icns"_L1;
-    const auto icon = resolve(tree, ("Contents/Resources/"_L1 + iconName).toStdString());
-    if (!info->iconFile.isEmpty() && icon.end == Resolved::End::Found) {
-        const auto copied = readFile(app / icon.name).and_then([&](const QByteArray& content) {
-            return writeFile(collection / "icons" / (app.stem().string() + ".icns"), content);
+    if (const auto icon = iconOf(tree, *info)) {
+        const Path name = app.stem() += Path(*icon).extension();
+        const auto copied = readFile(app / *icon).and_then([&](const QByteArray& content) {
+            return writeFile(collection / "icons" / name, content);
         });
         if (!copied)
             return tl::unexpected(copied.error());
@@ -98,7 +96,8 @@ Result<int> makeCollection(const Path& collection, const std::vector<Path>& apps
     done = writeFile(place / "collection.json", encodeCatalog(catalog, CatalogKind::Collection))
                .and_then([&] { return writeFile(place / "Brand.svg", brand.content); })
                .and_then([&] {
-                   return writeFile(place / bundle_file::screenshot, squarePng(brand, firstScreenshotEdge));
+                   return writeFile(place / bundle_layout::screenshot({}).filename(),
+                       squarePng(brand, firstScreenshotEdge));
                })
                .and_then([&] { return (*staging)->publish(); });
     if (!done)

@@ -1,12 +1,13 @@
 #include "pack/checks/Application.h"
-#include "pack/checks/BundleFiles.h"
 #include "pack/checks/CollectionCheck.h"
+#include "pack/checks/PictureSizes.h"
 #include "pack/checks/StoreCheck.h"
 #include "pack/files/FileAccess.h"
 #include "pack/files/Staging.h"
 #include "pack/findings/Parallel.h"
 #include "pack/trees/ArchiveWriting.h"
 #include "pack/verbs/Verbs.h"
+#include "platform/BundleLayout.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -45,53 +46,52 @@ private:
     bool m_isShown;
 };
 
-/// Whether a resource of the bundle that the program is taken from belongs to that bundle's own catalog.
+/// Whether a place of the bundle that the program is taken from belongs to that bundle's own catalog.
 bool isOfCatalog(const Path& name)
 {
-    return name == bundle_file::catalog || name == bundle_file::packages || name == bundle_file::brand
-        || name == bundle_file::screenshot || name.extension() == ".icns";
+    using namespace bundle_layout;
+    return name == catalog({}) || name == packages({}) || name == brandImage({}) || name == screenshot({})
+        || (name.parent_path() == resources({}) && name.extension() == ".icns");
 }
 
 /// Copies all of a bundle but its catalog.
 Result<void> copyProgram(const Path& program, const Path& store)
 {
-    std::error_code error;
-    const Path contents = program / "Contents";
-    auto done = makeFolders(store / bundle_file::resources / bundle_file::packages);
-    for (const Path& folder : {contents, program / bundle_file::resources}) {
-        const bool isResources = folder != contents;
-        if (isResources && !fs::exists(folder, error))
+    auto done = makeFolders(bundle_layout::packages(store));
+    for (const Path& folder : {bundle_layout::contents({}), bundle_layout::resources({})}) {
+        std::error_code error;
+        if (!fs::exists(program / folder, error))
             break;
-        for (fs::directory_iterator place(folder, error), end; done && !error && place != end;
+        for (fs::directory_iterator place(program / folder, error), end; done && !error && place != end;
              place.increment(error)) {
-            const Path name = place->path().filename();
-            if (isResources ? !isOfCatalog(name) : name != "Resources")
-                done = copyTree(place->path(), store / folder.lexically_relative(program) / name);
+            const Path name = folder / place->path().filename();
+            if (name != bundle_layout::resources({}) && !isOfCatalog(name))
+                done = copyTree(place->path(), store / name);
         }
         if (error)
-            return cannot("read"_L1, folder, error);
+            return cannot("read"_L1, program / folder, error);
     }
     return done;
 }
 
-Result<void> packEntry(const Path& resources, CollectionEntry& entry, Findings& findings)
+Result<void> packEntry(const Path& store, CollectionEntry& entry, Findings& findings)
 {
-    const Path archive = resources / bundle_file::packages / toPath(entry.app.archive);
+    const Path archive = below(bundle_layout::packages(store), entry.app.archive);
     auto done = writeArchive(entry.tree, entry.folder, archive, entry.place, findings);
     const auto digest = done.and_then([&] { return digestOf(archive); });
     if (!digest)
         return tl::unexpected(digest.error());
     entry.app.bytes = digest->bytes;
     entry.app.sha256 = digest->sha256;
-    return writeFile(resources / bundle_file::icon(entry.app), iconSet(*entry.icon));
+    return writeFile(bundle_layout::icon(store, entry.app.name), iconSet(*entry.icon));
 }
 
-Result<void> packEntries(const Path& resources, Collection& collection)
+Result<void> packEntries(const Path& store, Collection& collection)
 {
     Progress progress(collection.entries.size());
     std::vector<Result<void>> results(collection.entries.size());
     const Findings found = findInParallel(results.size(), [&](std::size_t index, Findings& findings) {
-        results[index] = packEntry(resources, collection.entries[index], findings);
+        results[index] = packEntry(store, collection.entries[index], findings);
         progress.packed(collection.entries[index].app.name);
     });
     collection.findings.insert(collection.findings.end(), found.begin(), found.end());
@@ -101,18 +101,17 @@ Result<void> packEntries(const Path& resources, Collection& collection)
 
 Result<void> writeStore(const PackOrder& order, Collection& collection, const Path& store)
 {
-    const Path resources = store / bundle_file::resources;
     auto done = makeFolders(store)
                     .and_then([&] { return copyProgram(order.program, store); })
-                    .and_then([&] { return packEntries(resources, collection); })
+                    .and_then([&] { return packEntries(store, collection); })
                     .and_then([&] {
-                        return writeFile(resources / bundle_file::brand,
-                            squarePng(*collection.brand, bundle_file::brandEdge));
+                        return writeFile(bundle_layout::brandImage(store),
+                            squarePng(*collection.brand, picture_size::brandEdge));
                     });
     if (done && collection.screenshot)
-        done = writeFile(resources / bundle_file::screenshot, collection.screenshot->content);
+        done = writeFile(bundle_layout::screenshot(store), collection.screenshot->content);
     return done.and_then(
-        [&] { return writeFile(resources / bundle_file::catalog, encodeCatalog(collection.catalog())); });
+        [&] { return writeFile(bundle_layout::catalog(store), encodeCatalog(collection.catalog())); });
 }
 
 /// Whether there are folders at most, as those that a build makes for what is to come.
@@ -136,10 +135,11 @@ bool isFree(const Path& store)
 /// Only a store is ever replaced.
 Result<void> checkTarget(const Path& store)
 {
-    if (store.extension() != ".app" && (store.has_filename() || store.parent_path().extension() != ".app"))
+    if (store.extension() != bundle_layout::ending
+        && (store.has_filename() || store.parent_path().extension() != bundle_layout::ending))
         return cannot("write"_L1, store, u"the name of a store ends with .app"_s);
     std::error_code error;
-    if (!isFree(store) && !fs::is_regular_file(store / bundle_file::resources / bundle_file::catalog, error))
+    if (!isFree(store) && !fs::is_regular_file(bundle_layout::catalog(store), error))
         return cannot("replace"_L1, store, u"it is no store"_s);
     return {};
 }
@@ -147,7 +147,7 @@ Result<void> checkTarget(const Path& store)
 Result<void> checkProgramBundle(const Path& program)
 {
     std::error_code error;
-    if (!fs::is_regular_file(program / "Contents" / "Info.plist", error))
+    if (!fs::is_regular_file(bundle_layout::infoList(program), error))
         return cannot("take the program from"_L1, program, u"it is no store"_s);
     return {};
 }
