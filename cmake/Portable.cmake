@@ -19,8 +19,8 @@ set(plugins
 set(outside
     # the kernel and the loader
     ld-linux.* libc libm libdl libpthread librt libresolv
-    # the display server and the graphics driver
-    libX11 libX11-xcb libxcb libwayland-.* libGL libGLX libGLdispatch libEGL libOpenGL
+    # the display server; nothing is drawn with a graphics driver, whose libraries come along for those who link them
+    libX11 libX11-xcb libxcb libwayland-client
     # the fonts' configuration; and the three read each other's structures
     libfontconfig libfreetype libharfbuzz
     # modules of the desktop's own, which GIO loads

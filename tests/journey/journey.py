@@ -17,6 +17,9 @@ BUNDLE = pathlib.Path(sys.argv[1])
 SHOTS = pathlib.Path(sys.argv[2]) if len(sys.argv) > 2 else None
 HOME = pathlib.Path(os.environ["HOME"])
 STORE = BUNDLE / "Contents/MacOS/PloviStore"
+# Where an application finds what it links and loads when the store runs where there are none.
+LIBRARIES = os.environ.get("JOURNEY_LIBRARIES", "")
+PLUGINS = os.environ.get("JOURNEY_PLUGINS", "")
 PATIENCE = 60
 
 
@@ -152,7 +155,7 @@ def install(archive):
     (contents / "MacOS").mkdir()
     listing = contents / "descriptors"
     program = contents / "MacOS/Brisko"
-    program.write_text(f"#!/bin/sh\n(ls /proc/self/fd; printenv QT_XCB_GL_INTEGRATION) > {listing}\nexec {contents}/Program/Brisko\n")
+    program.write_text(f"#!/bin/sh\n(ls /proc/self/fd; printenv QT_XCB_GL_INTEGRATION) > {listing}\nexport LD_LIBRARY_PATH='{LIBRARIES}' QT_PLUGIN_PATH='{PLUGINS}'\nexec {contents}/Program/Brisko\n")
     program.chmod(0o755)
     press("Обновить список установленных приложений")
     press("Открыть")
