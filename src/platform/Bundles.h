@@ -1,18 +1,14 @@
 #pragma once
 
 #include "platform/Path.h"
+#include "platform/Role.h"
 
 #include <optional>
 
 /// Application bundles: folders `X.app` (platform/BundleLayout.h). Nothing is remembered: every call looks
 /// again. Any thread.
-class Bundles {
+class Bundles : public Role {
 public:
-    Bundles() = default;
-    Bundles(const Bundles&) = delete;
-    Bundles& operator=(const Bundles&) = delete;
-    virtual ~Bundles() = default;
-
     /// The bundle that the running program lies in. It is not looked at.
     virtual Path mainBundle() const = 0;
     /// The identifier of the bundle at `place`; none when there is no bundle, or it names no identifier.

@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 #include "platform/Path.h"
+#include "platform/Role.h"
 
 #include <QByteArray>
 
@@ -24,17 +25,12 @@ struct FileStamp {
 };
 
 /// Reading and copying whole files. Any thread.
-class Files {
+class Files : public Role {
 public:
     using Bytes = std::span<const std::byte>;
     /// Takes the next bytes of a file. A failure ends the reading, which then fails with it.
     using Sink = std::function<Result<void>(Bytes)>;
     using Verdict = std::function<Result<void>()>;
-
-    Files() = default;
-    Files(const Files&) = delete;
-    Files& operator=(const Files&) = delete;
-    virtual ~Files() = default;
 
     /// None when nothing lies there. Costs a thousandth of reading an icon.
     virtual std::optional<FileStamp> stamp(const Path& file) const = 0;

@@ -1,16 +1,13 @@
 #pragma once
 
+#include "platform/Role.h"
+
 #include <functional>
 
 /// Work away from the main thread, and the way back.
-class Jobs {
+class Jobs : public Role {
 public:
     using Task = std::function<void()>;
-
-    Jobs() = default;
-    Jobs(const Jobs&) = delete;
-    Jobs& operator=(const Jobs&) = delete;
-    virtual ~Jobs() = default;
 
     /// Runs `work`, which lets no exception out, in the background, then, on the main thread, the task that
     /// it returned. Any thread.

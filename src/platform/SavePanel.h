@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Path.h"
+#include "platform/Role.h"
 
 #include <optional>
 
@@ -16,13 +17,8 @@ struct SavePanelSetup {
 };
 
 /// The dialog that asks where to save a ZIP archive. Main thread.
-class SavePanel {
+class SavePanel : public Role {
 public:
-    SavePanel() = default;
-    SavePanel(const SavePanel&) = delete;
-    SavePanel& operator=(const SavePanel&) = delete;
-    virtual ~SavePanel() = default;
-
     /// Asks, and returns when the user has answered: the destination, whose name ends in `.zip` and which the
     /// user agreed to replace if it exists; none when the user cancelled. Runs a nested event loop.
     virtual std::optional<Path> runModal(const SavePanelSetup& setup) = 0;

@@ -1,17 +1,13 @@
 #pragma once
 
 #include "platform/Path.h"
+#include "platform/Role.h"
 
 #include <optional>
 
 /// The user's own folders. Any thread.
-class UserFolders {
+class UserFolders : public Role {
 public:
-    UserFolders() = default;
-    UserFolders(const UserFolders&) = delete;
-    UserFolders& operator=(const UserFolders&) = delete;
-    virtual ~UserFolders() = default;
-
     virtual Path homeFolder() const = 0;
     /// Where the user keeps downloads; none when there is no such folder.
     virtual std::optional<Path> downloadsFolder() const = 0;

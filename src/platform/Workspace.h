@@ -2,19 +2,15 @@
 
 #include "platform/Failure.h"
 #include "platform/Path.h"
+#include "platform/Role.h"
 
 #include <functional>
 #include <optional>
 
 /// The applications on this machine, and what the desktop does for the user. Main thread. No call waits for
 /// another program.
-class Workspace {
+class Workspace : public Role {
 public:
-    Workspace() = default;
-    Workspace(const Workspace&) = delete;
-    Workspace& operator=(const Workspace&) = delete;
-    virtual ~Workspace() = default;
-
     /// Where the system knows an application with this identifier, whatever its name, as of now.
     virtual std::optional<Path> urlForApplication(const QString& bundleID) = 0;
     /// Opens the application at `place`: a bundle, or a desktop entry. `done` is called once, on any thread,

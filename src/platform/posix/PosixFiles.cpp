@@ -112,9 +112,7 @@ try {
     if (!opened)
         return tl::unexpected(opened.error());
     QByteArray content(qsizetype(opened->size), Qt::Uninitialized);
-    const auto room = std::as_writable_bytes(std::span(content));
-    makePages(room);
-    return opened->descriptor.read(room).map([&](std::size_t count) {
+    return opened->descriptor.read(std::as_writable_bytes(std::span(content))).map([&](std::size_t count) {
         content.truncate(qsizetype(count));
         return std::move(content);
     });
