@@ -1,5 +1,7 @@
 #include "ui/AccessibleOutline.h"
 
+#include "ui/kit/TextLabel.h"
+
 #include <QAccessible>
 #include <QMetaEnum>
 
@@ -24,6 +26,13 @@ QString line(const QAccessibleInterface& node)
         text += u" busy"_s;
     if (state.modal)
         text += u" modal"_s;
+    const auto* const widget = qobject_cast<const QWidget*>(node.object());
+    for (const auto* label : widget ? widget->findChildren<TextLabel*>() : QList<TextLabel*>()) {
+        if (node.childCount() == 0 && label->isVisible())
+            text += u" | "_s + label->text();
+    }
+    if (widget && !widget->toolTip().isEmpty())
+        text += u" ("_s + widget->toolTip() + u')';
     return text;
 }
 

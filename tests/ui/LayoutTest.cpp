@@ -115,6 +115,7 @@ TEST_F(MeasuresTest, TheSidebarStandsAsPromised)
     EXPECT_EQ(below(image, search), 22);
     EXPECT_EQ(below(search, pressable(u"Обзор"_s)), 22);
     EXPECT_EQ(below(pressable(u"Обзор"_s), pressable(u"Все приложения"_s)), 5);
+    EXPECT_EQ(pressable(u"Обзор"_s).height(), 38) << "its text with 10 points above and below";
     EXPECT_EQ(text(u"Продуктивность"_s).left() - pressable(u"Продуктивность"_s).left(), 12 + 18 + 8);
 
     const QRect line = all<Divider>().front();

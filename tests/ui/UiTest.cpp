@@ -1,46 +1,14 @@
 #include "ui/UiTest.h"
 
-#include "ui/kit/Style.h"
-
-#include <QAccessible>
-#include <QApplication>
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The one application of this test program.
-class UiApplication : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("LC_ALL", "C.UTF-8");
-        qputenv("XDG_RUNTIME_DIR", m_runtime.path().toLocal8Bit());
-        static int argumentCount = 1;
-        static char name[] = "ui_tests";
-        static char* arguments[] = {name, nullptr};
-        m_application = std::make_unique<QApplication>(argumentCount, arguments);
-        Style::applyTo(*m_application);
-        QAccessible::setActive(true);
-    }
-    void TearDown() override { m_application.reset(); }
-
-private:
-    QTemporaryDir m_runtime;
-    std::unique_ptr<QApplication> m_application;
-};
-
-[[maybe_unused]] const auto* const application = testing::AddGlobalTestEnvironment(new UiApplication);
-
-} // namespace
 
 QByteArray UiTest::png(int width, int height)
 {

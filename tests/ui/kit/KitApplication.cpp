@@ -1,5 +1,6 @@
 #include "ui/kit/Style.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -15,9 +16,11 @@ public:
     void SetUp() override
     {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("LC_ALL", "C.UTF-8");
         qputenv("XDG_RUNTIME_DIR", m_runtime.path().toLocal8Bit());
         m_application.emplace(m_argumentCount, m_arguments);
         Style::applyTo(*m_application);
+        QAccessible::setActive(true);
     }
     void TearDown() override { m_application.reset(); }
 
