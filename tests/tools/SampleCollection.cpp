@@ -1,13 +1,11 @@
 #include "tools/SampleCollection.h"
 
 #include "catalog/Catalog.h"
+#include "pack/files/FileAccess.h"
 #include "support/Samples.h"
 
 #include <QFile>
 #include <QProcess>
-
-#include <fstream>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
@@ -39,28 +37,20 @@ SampleCollection::SampleCollection()
         catalog.push_back(app);
         writeBundle("c/apps" / toPath(name + ".app"_L1), app.bundleID.toUtf8());
         fs::create_symlink("Contents/MacOS/program", path("c/apps" / toPath(name + ".app/start"_L1)));
-        write("c/icons" / toPath(name + ".svg"_L1), drawing);
+        writeFile(path("c/icons" / toPath(name + ".svg"_L1)), drawing);
     }
     writeBundle("program.app", "org.example.Store");
-    write("c/collection.json", encodeCatalog(catalog, CatalogKind::Collection));
-    write("c/Brand.svg", drawing);
+    writeFile(path("c/collection.json"), encodeCatalog(catalog, CatalogKind::Collection));
+    writeFile(path("c/Brand.svg"), drawing);
     fs::copy_file(PROJECT_SOURCE "/collection/BriskoScreen.png", path("c/BriskoScreen.png"));
 }
 
 void SampleCollection::writeBundle(const Path& bundle, const QByteArray& identifier) const
 {
     const Path program = bundle / "Contents/MacOS/program";
-    write(bundle / "Contents/Info.plist", infoList(identifier));
-    write(program, "#!/bin/sh\necho " + identifier + '\n');
+    writeFile(path(bundle / "Contents/Info.plist"), infoList(identifier));
+    writeFile(path(program), "#!/bin/sh\necho " + identifier + '\n');
     fs::permissions(path(program), fs::perms(0700));
-}
-
-void SampleCollection::write(const Path& relative, const QByteArray& content) const
-{
-    fs::create_directories(path(relative).parent_path());
-    // Not through Qt, which would spell a name that is not UTF-8 otherwise.
-    if (!(std::ofstream(path(relative)) << content.toStdString()))
-        throw std::runtime_error("cannot write " + relative.string());
 }
 
 QByteArray SampleCollection::read(const Path& relative) const

@@ -20,8 +20,6 @@ public:
     SampleCollection();
 
     Path path(const Path& relative) const { return toPath(m_folder.path()) / relative; }
-    /// Makes `content` the whole content of a file; missing folders are made.
-    void write(const Path& relative, const QByteArray& content) const;
     QByteArray read(const Path& relative) const;
 
     Ending shell(const QString& script) const;
