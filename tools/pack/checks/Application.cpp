@@ -50,7 +50,7 @@ QStringList universalProcessors(const char* head, int partSize)
     QStringList result;
     const quint32 parts = std::min(qFromBigEndian<quint32>(head + 4), mostParts);
     for (quint32 part = 0; part < parts; ++part)
-        result += withoutNull(machProcessor(qFromBigEndian<quint32>(head + 8 + part * partSize)));
+        result += withoutNull(machProcessor(qFromBigEndian<quint32>(head + 8 + qsizetype(part) * partSize)));
     return result;
 }
 

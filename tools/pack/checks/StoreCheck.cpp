@@ -101,7 +101,7 @@ Result<StoreBundle> readStore(const Path& bundle)
     checkProgram(tree, program, findings);
 
     const Findings found = findInParallel(store.catalog.size(), [&](std::size_t index, Findings& some) {
-        const StoreApp& app = store.catalog[index];
+        const StoreApp& app = store.catalog[qsizetype(index)];
         if (canBeFileName(app.archive) && canBeFileName(app.name)) {
             checkArchive(bundle, app, some);
             checkStorePicture(bundle, bundle_layout::icon({}, app.name), app.name, picture_size::smallestIcon,

@@ -39,10 +39,10 @@ QString outsideOfStyle(const QString& style)
 QString outsideOfElement(const QXmlStreamReader& xml)
 {
     for (const QXmlStreamAttribute& attribute : xml.attributes()) {
-        const QString value = attribute.value().trimmed().toString();
+        QString value = attribute.value().trimmed().toString();
         const bool isReference = attribute.name() == "href"_L1 || attribute.name() == "src"_L1;
         if (!isReference) {
-            if (const QString outside = outsideOfStyle(value); !outside.isNull())
+            if (QString outside = outsideOfStyle(value); !outside.isNull())
                 return outside;
         } else if (xml.name() != "a"_L1 && isOutside(value)) {
             return value;

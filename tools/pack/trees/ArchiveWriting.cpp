@@ -95,10 +95,10 @@ Result<void> writeArchive(
     const Path top = folder.filename();
     auto done = zip.open().and_then([&] { return zip.add(top, {.kind = TreeNode::Kind::Folder}); });
     for (const auto& [name, node] : tree.nodes) {
-        done = done.and_then([&] { return zip.add(top / name, node); });
         if (!done)
             return done;
-        if (node.kind != TreeNode::Kind::File)
+        done = zip.add(top / name, node);
+        if (!done || node.kind != TreeNode::Kind::File)
             continue;
         const auto asListed = addContent(zip, node, folder / name);
         if (!asListed)

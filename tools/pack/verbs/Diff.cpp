@@ -84,7 +84,7 @@ Difference differenceOf(const Side& before, const Side& after)
     Difference difference;
     std::vector<qsizetype> places;
     for (qsizetype index = 0; index < qsizetype(after.catalog.size()); ++index) {
-        const StoreApp& app = after.catalog[std::size_t(index)];
+        const StoreApp& app = after.catalog[index];
         const auto old = std::ranges::find(before.catalog, app.id, &StoreApp::id);
         if (old == before.catalog.end()) {
             difference.added.push_back(app);
