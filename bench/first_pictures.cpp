@@ -1,6 +1,6 @@
-// first_pictures: watches the windows on an X display from outside. Prints, for each that shows a picture of
-// more than one colour for the first time, the process whose it is and the nanoseconds of the steady clock.
-// An empty line says that it watches.
+// first_pictures: watches the windows on an X display from outside. Prints a line for each process of which a
+// window shows a picture of more than one colour for the first time: its number, and the nanoseconds of the
+// steady clock. An empty line says that it watches.
 
 #include <chrono>
 #include <cstdio>
@@ -59,7 +59,7 @@ public:
                 const auto& damage = reinterpret_cast<const xcb_damage_notify_event_t&>(*event);
                 xcb_damage_subtract(m_connection, damage.damage, XCB_NONE, XCB_NONE);
                 const uint32_t process = processOf(damage.drawable);
-                if (process != 0 && showsPicture(damage.drawable) && m_seen.insert(damage.drawable).second)
+                if (process != 0 && showsPicture(damage.drawable) && m_seen.insert(process).second)
                     std::printf("%u %lld\n", process, static_cast<long long>(now.count()));
             }
         }
@@ -96,7 +96,7 @@ private:
     xcb_connection_t* m_connection;
     int m_damageEvent = 0;
     xcb_atom_t m_processAtom = XCB_ATOM_NONE;
-    std::set<xcb_window_t> m_seen;
+    std::set<uint32_t> m_seen;
 };
 
 } // namespace
