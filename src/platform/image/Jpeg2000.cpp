@@ -187,11 +187,13 @@ std::optional<Picture> jpeg2000Picture(Bytes file, int edge)
     if (!codestream)
         return std::nullopt;
 
-    const auto& [size, components, mostHalvings] = *codestream;
+    const PictureSize size = codestream->size;
     const int longerEdge = std::max(size.width, size.height);
-    const auto isTooMuch = [&](int halvings) { return pixelsOf(size, halvings) * components > mostSamples; };
+    const auto isTooMuch = [&](int halvings) {
+        return pixelsOf(size, halvings) * codestream->components > mostSamples;
+    };
     int halvings = 0;
-    while (halvings < std::min(mostHalvings, toOnePixel)
+    while (halvings < std::min(codestream->halvings, toOnePixel)
         && (longerEdge >> (halvings + 1) >= edge || isTooMuch(halvings)))
         ++halvings;
     if (isTooMuch(halvings))
