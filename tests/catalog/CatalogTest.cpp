@@ -111,8 +111,7 @@ TEST(Catalog, NamesTheLineWhereTheFileStopsBeingJson)
         {"\xef\xbb\xbf[]", 1}, {'\n' + QByteArray("{\"a\":").repeated(1025) + '1' + QByteArray(1025, '}'), 2},
         {'\n' + QByteArray(1025, '[') + QByteArray(1025, ']'), 2}, {"\n" + QByteArray(100'000, '['), 2}};
     for (const auto& [json, line] : broken)
-        EXPECT_EQ(failureOf(json), brokenIn(line))
-            << json.first(std::min<qsizetype>(json.size(), 20)).toStdString();
+        EXPECT_EQ(failureOf(json), brokenIn(line)) << json.left(20).toPercentEncoding().toStdString();
 }
 
 TEST(Catalog, SaysWhatIsNoListOfEntries)
