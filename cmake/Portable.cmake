@@ -5,12 +5,12 @@ cmake_minimum_required(VERSION 3.25)
 set(contents "${BUNDLE}/Contents")
 set(frameworks "${contents}/Frameworks")
 
-# Both kinds of display, what they need for a window's frame and for typing, and the desktop's own file dialogs.
+# Both kinds of display, what they need for typing, and the desktop's own file dialogs. The toolkit's frames for Wayland
+# would need OpenGL.
 set(plugins
     platforms/libqxcb.so
     platforms/libqwayland-generic.so
     wayland-shell-integration/libxdg-shell.so
-    wayland-decoration-client/libbradient.so
     platforminputcontexts/libcomposeplatforminputcontextplugin.so
     platforminputcontexts/libibusplatforminputcontextplugin.so
     platformthemes/libqxdgdesktopportal.so)

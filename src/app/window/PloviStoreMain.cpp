@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <dlfcn.h>
 
@@ -60,6 +61,21 @@ QString ownName()
     return instanceName(bundles.bundleIdentifier(bundle).value_or(QString()), bundle);
 }
 
+/// What the start of the toolkit is told where the user has not chosen; what the store opens may want it
+/// otherwise.
+std::vector<std::pair<const char*, QByteArray>> preferences()
+{
+    // Nothing here draws with OpenGL, and setting it up would delay the window.
+    std::vector<std::pair<const char*, QByteArray>> all{{"QT_XCB_GL_INTEGRATION", "none"}};
+    // GNOME draws no frames under Wayland, and the toolkit only with OpenGL, which a bundle with plug-ins of
+    // its own does without.
+    if (qgetenv("XDG_CURRENT_DESKTOP").contains("GNOME")
+        && exists(PosixBundles().mainBundle() / "Contents/Frameworks/plugins"))
+        all.emplace_back("QT_QPA_PLATFORM", "xcb;wayland");
+    std::erase_if(all, [](const auto& each) { return qEnvironmentVariableIsSet(each.first); });
+    return all;
+}
+
 /// A bundle made for machines that may lack the fonts brings them along.
 void addOwnFonts(const Path& store)
 {
@@ -86,17 +102,14 @@ int PloviStoreMain::run(int argc, char* argv[])
     if (instance.claim() == SingleInstance::Role::Second)
         return 0;
 
-    // Nothing here draws with OpenGL, and setting it up would delay the window. What the store opens may want
-    // it.
-    const char* const drawing = "QT_XCB_GL_INTEGRATION";
-    const bool isChosen = qEnvironmentVariableIsSet(drawing);
-    if (!isChosen)
-        qputenv(drawing, "none");
+    const auto preferred = preferences();
+    for (const auto& [variable, value] : preferred)
+        qputenv(variable, value);
     qInstallMessageHandler(endWithoutScreen);
     QApplication application(argc, argv);
     qInstallMessageHandler(tellFatalOnly);
-    if (!isChosen)
-        qunsetenv(drawing);
+    for (const auto& [variable, value] : preferred)
+        qunsetenv(variable);
 
     QApplication::setApplicationName(u"PloviStore"_s);
     QApplication::setApplicationVersion(QStringLiteral(PLOVI_VERSION));

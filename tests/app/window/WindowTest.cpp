@@ -293,8 +293,26 @@ TEST_F(WindowTest, ALibraryThatTheWindowLacksIsNamed)
     expectFault("PloviStore: нет экрана, на котором можно показать окно.\n");
     copy(plugins / "platforms/libqxcb.so", platforms / "libqxcb.so", "libQt6XcbQpa");
     expectFault(lacks("libNotXcbQpa.so.6"));
-    environment.insert(u"LC_ALL"_s, u"ru_RU.UTF-8"_s);
     environment.insert(u"WAYLAND_DISPLAY"_s, u"none"_s);
+    environment.insert(u"LC_ALL"_s, u"ru_RU.UTF-8"_s);
+    const auto wayland = platforms / "libqwayland-generic.so";
+    // A bundle that brings plug-ins has frames only under X11 where the desktop draws none.
+    copy(plugins / "platforms/libqxcb.so", platforms / "libqxcb.so");
+    copy(plugins / wayland.lexically_relative("Frameworks/plugins"), wayland);
+    environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+    environment.insert(u"LD_DEBUG"_s, u"files"_s);
+    for (const QString& desktop : {u"KDE"_s, u"ubuntu:GNOME"_s}) {
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, desktop);
+        process.setProcessEnvironment(environment);
+        process.start();
+        EXPECT_TRUE(process.waitForFinished());
+        const QByteArray loaded = process.readAllStandardError();
+        EXPECT_EQ(
+            loaded.indexOf("calling init: " + QByteArray::fromStdString(contents / platforms / "libqxcb.so"))
+                < loaded.indexOf("calling init: " + QByteArray::fromStdString(contents / wayland)),
+            desktop.contains(u"GNOME"_s));
+    }
+    environment.remove(u"LD_DEBUG"_s);
     environment.remove(u"DISPLAY"_s);
     process.setProcessEnvironment(environment);
     copy(plugins / "platforms/libqwayland-generic.so", platforms / "libqwayland-generic.so",
