@@ -228,7 +228,7 @@ TEST(Tool, RefusesWrongArgumentsAndHelps)
         {QStringList(), {u"paint"_s}, {u"check"_s}, {u"diff"_s, u"a"_s}, {u"sums"_s, u"a"_s, u"b"_s},
             {u"check"_s, u"a"_s, u"--colour"_s}, {u"check"_s, u"a"_s, u"--apps"_s}, {u"check"_s, u""_s}})
         EXPECT_EQ(sample.tool(wrong).status, 64) << wrong.join(u' ').toStdString();
-    for (const QString& verb : {u"new"_s, u"check"_s, u"pack"_s, u"diff"_s, u"sums"_s}) {
+    for (const QString& verb : {u"new"_s, u"bundle"_s, u"check"_s, u"pack"_s, u"diff"_s, u"sums"_s}) {
         EXPECT_THAT(sample.tool({verb, u"--help"_s}).output,
             HasSubstr("Usage: plovistore-pack " + verb.toStdString()));
         EXPECT_THAT(sample.tool({u"--help"_s}).output, HasSubstr("\n  " + verb.toStdString() + ' '));

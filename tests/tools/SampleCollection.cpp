@@ -45,6 +45,11 @@ SampleCollection::SampleCollection()
     fs::copy_file(PROJECT_SOURCE "/collection/BriskoScreen.png", path("c/BriskoScreen.png"));
 }
 
+void SampleCollection::write(const Path& relative, const QByteArray& content) const
+{
+    writeFile(path(relative), content);
+}
+
 void SampleCollection::writeBundle(const Path& bundle, const QByteArray& identifier) const
 {
     const Path program = bundle / "Contents/MacOS/program";

@@ -21,6 +21,7 @@ public:
 
     Path path(const Path& relative) const { return toPath(m_folder.path()) / relative; }
     QByteArray read(const Path& relative) const;
+    void write(const Path& relative, const QByteArray& content) const;
 
     Ending shell(const QString& script) const;
     Ending tool(const QStringList& arguments) const;

@@ -21,11 +21,23 @@ struct Arguments {
     std::vector<std::string> apps;
     std::string appsFolder;
     std::string program;
+    std::string identifier;
+    std::string version;
+    std::string name;
+    std::string icon;
     bool json = false;
     bool strict = false;
 
     Format format() const { return json ? Format::Json : Format::Text; }
     Reporting reporting() const { return {format(), strict}; }
+    SourceOrder source() const
+    {
+        return {.source = place,
+            .identifier = QString::fromStdString(identifier),
+            .version = QString::fromStdString(version),
+            .name = QString::fromStdString(name),
+            .icon = icon};
+    }
     std::optional<Path> appsPath() const
     {
         return appsFolder.empty() ? std::nullopt : std::optional<Path>(appsFolder);
@@ -72,6 +84,20 @@ void addVerbs(CLI::App& tool, Arguments& given, Result<int>& status)
     make.footer("Name, identifier, version, minimum, architecture and icon are the application's own; the\n"
                 "texts are yours to write, and a brand image and a screenshot are there to begin with.");
     make.callback([&] { status = makeCollection(given.place, {given.apps.begin(), given.apps.end()}); });
+
+    CLI::App& bundle = *tool.add_subcommand("bundle", "make an application of a program or a script");
+    addPlace(bundle, "SOURCE", given.place, "the program or the script");
+    addPlace(bundle, "NAME.app", given.other, "the bundle to make, or to replace");
+    addFolder(bundle, "--id", given.identifier, "ID", "the identifier, such as org.example.Kite");
+    addFolder(bundle, "--version", given.version, "VERSION", "the version");
+    addFolder(bundle, "--name", given.name, "TEXT", "the name");
+    addFolder(bundle, "--icon", given.icon, "PICTURE", "a square drawing or picture");
+    addJson(bundle, given);
+    bundle.footer(
+        "Examples:\n"
+        "  plovistore-pack bundle kite.sh Kite.app --id org.example.Kite --version 1.0\n"
+        "  plovistore-pack bundle build/kite Kite.app --id org.example.Kite --version 1.0 --icon kite.svg");
+    bundle.callback([&] { status = makeBundle(given.source(), given.other, given.format()); });
 
     CLI::App& check = *tool.add_subcommand("check", "tell what is wrong with a collection or a store");
     addPlace(check, "PATH", given.place, "a collection's folder or a store's .app");

@@ -66,10 +66,18 @@ constexpr auto descriptions = std::to_array<Description>({
     {Code::ArchiveShape, "archive-shape", Severity::Error},
     {Code::ArchiveBomb, "archive-bomb", Severity::Error},
     {Code::UnreferencedFile, "unreferenced-file", Severity::Warning},
+    {Code::SourceUnusable, "source-unusable", Severity::Error},
+    {Code::InterpreterMissing, "interpreter-missing", Severity::Error},
+    {Code::MachineDiffers, "machine-differs", Severity::Warning},
+    {Code::OptionMissing, "option-missing", Severity::Error},
+    {Code::ValueForm, "value-form", Severity::Error},
+    {Code::IconMissing, "icon-missing", Severity::Warning},
+    {Code::TargetTaken, "target-taken", Severity::Error},
+    {Code::Guessed, "guessed", Severity::Note},
 });
 
 static_assert(std::ranges::is_sorted(descriptions, {}, &Description::code));
-static_assert(descriptions.size() == std::size_t(Code::UnreferencedFile) + 1);
+static_assert(descriptions.size() == std::size_t(Code::Guessed) + 1);
 
 } // namespace
 

@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-enum class Severity { Error, Warning };
+/// A note tells what is as it should be.
+enum class Severity { Error, Warning, Note };
 
 /// Everything that can be wrong with a collection or a store. Their texts are promised to scripts.
 enum class Code {
@@ -63,6 +64,14 @@ enum class Code {
     ArchiveShape,
     ArchiveBomb,
     UnreferencedFile,
+    SourceUnusable,
+    InterpreterMissing,
+    MachineDiffers,
+    OptionMissing,
+    ValueForm,
+    IconMissing,
+    TargetTaken,
+    Guessed,
 };
 
 /// How a code is spelled.

@@ -19,7 +19,15 @@ QString latin(std::string_view text)
 
 QString severityText(Code code)
 {
-    return severityOf(code) == Severity::Error ? u"error"_s : u"warning"_s;
+    switch (severityOf(code)) {
+    case Severity::Error:
+        return u"error"_s;
+    case Severity::Warning:
+        return u"warning"_s;
+    case Severity::Note:
+        return u"note"_s;
+    }
+    return {};
 }
 
 QString counted(qsizetype count, const QString& what)
@@ -63,12 +71,14 @@ QJsonObject asObject(const Finding& finding)
 
 void writeText(const Findings& findings)
 {
-    const auto errors = std::ranges::count(
-        findings, Severity::Error, [](const Finding& finding) { return severityOf(finding.code); });
+    const auto count = [&](Severity severity) {
+        return std::ranges::count(
+            findings, severity, [](const Finding& finding) { return severityOf(finding.code); });
+    };
     for (const Finding& finding : findings)
         std::printf("%s\n", qUtf8Printable(asLine(finding)));
-    std::printf("%s, %s\n", qUtf8Printable(counted(errors, u"error"_s)),
-        qUtf8Printable(counted(qsizetype(findings.size()) - errors, u"warning"_s)));
+    std::printf("%s, %s\n", qUtf8Printable(counted(count(Severity::Error), u"error"_s)),
+        qUtf8Printable(counted(count(Severity::Warning), u"warning"_s)));
 }
 
 void writeJson(const Path& subject, const Findings& findings, const Catalog& entries)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pack/bundles/Source.h"
 #include "pack/findings/Report.h"
 
 #include <optional>
@@ -10,6 +11,9 @@
 /// Makes a collection with one entry for each application, copies of them and their icons. `collection` must
 /// not exist.
 Result<int> makeCollection(const Path& collection, const std::vector<Path>& apps);
+
+/// Makes a bundle of a program or a script. A bundle of the same identifier is replaced.
+Result<int> makeBundle(const SourceOrder& order, const Path& bundle, Format format);
 
 /// Tells what is wrong with a collection or a store.
 Result<int> check(const Path& subject, const std::optional<Path>& apps, const Reporting& reporting);
