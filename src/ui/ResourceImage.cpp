@@ -3,6 +3,8 @@
 #include "platform/Image.h"
 #include "platform/Platform.h"
 
+#include <QtMath>
+
 #include <utility>
 
 namespace {
